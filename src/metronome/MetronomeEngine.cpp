@@ -1,0 +1,137 @@
+#include "metronome/MetronomeEngine.h"
+
+#include <algorithm>
+
+#include "framework/Log.h"
+
+namespace zt {
+
+MetronomeEngine::MetronomeEngine(int sampleRate, const ClickBank& bank)
+    : sampleRate_(std::max(sampleRate, 1)), bank_(bank) {}
+
+void MetronomeEngine::reset() {
+    while (commands_.pop()) {
+    }
+    logic_ = TickLogic{};
+    pendingStart_.reset();
+    mixer_.stopAll();
+    expectedFrame_.reset();
+    running_.store(false, std::memory_order_release);
+    silent_.store(true, std::memory_order_release);
+}
+
+void MetronomeEngine::send(const Command& command) {
+    // Only a render thread that has stopped consuming lets the queue fill up.
+    if (!commands_.push(command))
+        log("metronome: command queue full, command dropped");
+}
+
+void MetronomeEngine::start(const MetronomeSetup& setup) {
+    send({Command::Kind::Start, setup.normalized(), 0});
+}
+
+void MetronomeEngine::stop() {
+    send({Command::Kind::Stop, {}, 0});
+}
+
+void MetronomeEngine::setCurrentPack(int packNumber) {
+    send({Command::Kind::SetPack, {}, packNumber});
+}
+
+void MetronomeEngine::setIsFirstBeatNeed(bool need) {
+    send({Command::Kind::SetAccent, {}, need ? 1 : 0});
+}
+
+void MetronomeEngine::applyCommands(std::int64_t frame) {
+    while (auto command = commands_.pop()) {
+        switch (command->kind) {
+            case Command::Kind::Start:
+                if (logic_.isRunning()) {
+                    logic_.requestStop();
+                    pendingStart_ = command->setup;
+                } else {
+                    beginRun(frame, command->setup);
+                }
+                break;
+            case Command::Kind::Stop:
+                if (logic_.isRunning())
+                    logic_.requestStop();
+                pendingStart_.reset();
+                break;
+            case Command::Kind::SetPack:
+                logic_.setCurrentPack(command->value);
+                if (pendingStart_)
+                    pendingStart_->setCurrentPack(command->value);
+                break;
+            case Command::Kind::SetAccent:
+                logic_.setIsFirstBeatNeed(command->value != 0);
+                if (pendingStart_)
+                    pendingStart_->isFirstBeatNeed = command->value != 0;
+                break;
+        }
+    }
+}
+
+void MetronomeEngine::beginRun(std::int64_t frame, const MetronomeSetup& setup) {
+    logic_.start(setup);
+    const int bpm = setup.normalized().beatsPerMinute();
+    beatGrid_ = BeatGrid(frame, sampleRate_, bpm, 1);
+    beatIndex_ = 1;
+    nextBeatFrame_ = beatGrid_.frameOf(beatIndex_);
+    hasSubdivision_ = logic_.subticksInBeatCount() > 0;
+    if (hasSubdivision_) {
+        subdivisionGrid_ = BeatGrid(frame, sampleRate_, bpm, logic_.subticksInBeatCount());
+        subdivisionIndex_ = 1;
+        nextSubdivisionFrame_ = subdivisionGrid_.frameOf(subdivisionIndex_);
+    }
+}
+
+void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
+    if (!out || frames <= 0)
+        return;
+    std::fill_n(out, frames, 0.0f);
+
+    if (expectedFrame_ && firstFrame != *expectedFrame_ && logic_.isRunning()) {
+        const std::int64_t jump = firstFrame - *expectedFrame_;
+        beatGrid_.shift(jump);
+        subdivisionGrid_.shift(jump);
+        nextBeatFrame_ += jump;
+        nextSubdivisionFrame_ += jump;
+    }
+    expectedFrame_ = firstFrame + frames;
+    applyCommands(firstFrame);
+
+    const std::int64_t end = firstFrame + frames;
+    int mixed = 0;
+    while (logic_.isRunning()) {
+        // On a shared instant the beat goes first, as it always has.
+        const bool beat = !hasSubdivision_ || nextBeatFrame_ <= nextSubdivisionFrame_;
+        const std::int64_t at = beat ? nextBeatFrame_ : nextSubdivisionFrame_;
+        if (at >= end)
+            break;
+        const int offset = static_cast<int>(at - firstFrame);
+        mixer_.mixInto(out + mixed, offset - mixed);
+        mixed = offset;
+
+        TickLogic::Tick tick;
+        if (beat) {
+            tick = logic_.mainTick();
+            nextBeatFrame_ = beatGrid_.frameOf(++beatIndex_);
+        } else {
+            tick = logic_.subTick();
+            nextSubdivisionFrame_ = subdivisionGrid_.frameOf(++subdivisionIndex_);
+        }
+        if (tick.soundId != 0)
+            mixer_.play(tick.group, bank_.get(tick.soundId));
+        if (tick.runEnded && pendingStart_) {
+            beginRun(at, *pendingStart_);
+            pendingStart_.reset();
+        }
+    }
+    mixer_.mixInto(out + mixed, frames - mixed);
+
+    running_.store(logic_.isRunning(), std::memory_order_release);
+    silent_.store(!logic_.isRunning() && mixer_.isSilent(), std::memory_order_release);
+}
+
+}  // namespace zt

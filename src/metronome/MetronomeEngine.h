@@ -1,0 +1,97 @@
+#pragma once
+// The metronome's sample-accurate engine: a scheduler that places every beat
+// and subdivision at its exact sample on the stream clock, the tick logic
+// that decides what sounds there, and the mixer that plays it. The same
+// engine feeds the live stream (MetronomePlayer) and offline renders.
+//
+// Threads: one control thread calls start/stop/setCurrentPack/
+// setIsFirstBeatNeed, which only queue a small command and return; one render
+// thread calls render(), which applies the queued commands at the start of
+// the block and never blocks or allocates.
+//
+// Timing: a start begins a new run at the first frame of the block that
+// picks it up, and its first beat, always a plain tick, comes one beat period
+// later. A start while a run is playing is a restart: the running bar is
+// asked to stop and the new run begins at the very sample where the old one
+// ends, that is, at its next beat or subdivision instant (which, without a
+// subdivision, still sounds its one last beat). The new first tick then
+// follows one new period later, so a change of tempo keeps the pulse going.
+// A stop lets the clicks already sounding ring out.
+
+#include <atomic>
+#include <cstdint>
+#include <optional>
+
+#include "metronome/BeatGrid.h"
+#include "metronome/ClickBank.h"
+#include "metronome/ClickMixer.h"
+#include "metronome/MetronomeOutput.h"
+#include "metronome/SpscQueue.h"
+#include "metronome/TickLogic.h"
+
+namespace zt {
+
+class MetronomeEngine : public MetronomeOutput {
+public:
+    // sampleRate of the stream in hertz.
+    explicit MetronomeEngine(int sampleRate, const ClickBank& bank = {});
+
+    int sampleRate() const { return sampleRate_; }
+
+    // Setup, only while render() is not running: the click samples and the
+    // group gains.
+    void setClickBank(const ClickBank& bank) { bank_ = bank; }
+    ClickMixer& mixer() { return mixer_; }
+    // Drops queued commands, the run and ringing clicks.
+    void reset();
+
+    // Control thread.
+    void start(const MetronomeSetup& setup) override;
+    void stop() override;
+    void setCurrentPack(int packNumber) override;
+    void setIsFirstBeatNeed(bool need) override;
+
+    // Render thread: fills out[0..frames) with mono samples; firstFrame is the
+    // stream clock of out[0]. Should the clock jump (a stream restarted), a
+    // running bar carries on from where the last block ended.
+    void render(float* out, int frames, std::int64_t firstFrame);
+
+    // Any thread, as of the last rendered block: a run is playing or finishing.
+    bool isRunning() const { return running_.load(std::memory_order_acquire); }
+    // Any thread, as of the last rendered block: no run and no click ringing.
+    bool isSilent() const { return silent_.load(std::memory_order_acquire); }
+
+private:
+    struct Command {
+        enum class Kind : std::uint8_t { Start, Stop, SetPack, SetAccent };
+        Kind kind = Kind::Stop;
+        MetronomeSetup setup{};
+        int value = 0;
+    };
+
+    void send(const Command& command);
+    void applyCommands(std::int64_t frame);
+    void beginRun(std::int64_t frame, const MetronomeSetup& setup);
+
+    int sampleRate_;
+    ClickBank bank_;
+    ClickMixer mixer_;
+    SpscQueue<Command, 64> commands_;
+
+    // Render thread state.
+    TickLogic logic_;
+    std::optional<MetronomeSetup> pendingStart_;
+    BeatGrid beatGrid_;
+    BeatGrid subdivisionGrid_;
+    bool hasSubdivision_ = false;
+    std::int64_t beatIndex_ = 0;
+    std::int64_t subdivisionIndex_ = 0;
+    std::int64_t nextBeatFrame_ = 0;
+    std::int64_t nextSubdivisionFrame_ = 0;
+    std::optional<std::int64_t> expectedFrame_;
+
+    std::atomic<bool> running_{false};
+    std::atomic<bool> silent_{true};
+};
+
+}  // namespace zt

@@ -1,0 +1,26 @@
+#pragma once
+// What the metronome's controls drive: something that plays a setup until
+// told to stop. MetronomeEngine implements it for any stream or an offline
+// render; MetronomePlayer puts that engine on the sound card. Calls come from
+// one control thread and return at once.
+
+#include "metronome/MetronomeSetup.h"
+
+namespace zt {
+
+class MetronomeOutput {
+public:
+    virtual ~MetronomeOutput() = default;
+
+    // Starts a new run: a new bar, the first (plain) tick one beat period
+    // later. A run still playing or finishing is stopped first and the new
+    // one begins where it ends.
+    virtual void start(const MetronomeSetup& setup) = 0;
+    // Asks the run to stop at its next instant (see TickLogic).
+    virtual void stop() = 0;
+    // Change the sound of the running bar from its next tick on.
+    virtual void setCurrentPack(int packNumber) = 0;
+    virtual void setIsFirstBeatNeed(bool need) = 0;
+};
+
+}  // namespace zt

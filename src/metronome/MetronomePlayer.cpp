@@ -1,0 +1,71 @@
+#include "metronome/MetronomePlayer.h"
+
+#include "framework/Log.h"
+
+namespace zt {
+
+MetronomePlayer::MetronomePlayer(SoundEngine& sound)
+    : sound_(sound), engine_(sound.streamSampleRate()) {}
+
+MetronomePlayer::~MetronomePlayer() {
+    if (streaming_)
+        sound_.stopStream();
+}
+
+bool MetronomePlayer::ensureStream() {
+    if (streaming_)
+        return true;
+    // The stream is not running, so nothing renders and the engine may be
+    // set up afresh: the clicks as loaded now, no leftover commands.
+    ClickBank bank;
+    for (int pack = kFirstPackNumber; pack <= kLastPackNumber; ++pack) {
+        const ClickSounds ids = clickSoundsForPack(pack);
+        for (int id : {ids.tick, ids.tock, ids.subtick}) {
+            if (const auto* samples = sound_.decodedSamples(id))
+                bank.set(id, *samples);
+        }
+    }
+    engine_.setClickBank(bank);
+    engine_.reset();
+    streaming_ = sound_.startStream(this);
+    if (!streaming_ && !reportedNoDevice_) {
+        log("metronome: no sound output; it runs silently");
+        reportedNoDevice_ = true;
+    }
+    return streaming_;
+}
+
+void MetronomePlayer::start(const MetronomeSetup& setup) {
+    playing_ = true;
+    if (ensureStream())
+        engine_.start(setup);
+}
+
+void MetronomePlayer::stop() {
+    playing_ = false;
+    if (streaming_)
+        engine_.stop();
+}
+
+void MetronomePlayer::setCurrentPack(int packNumber) {
+    if (streaming_)
+        engine_.setCurrentPack(packNumber);
+}
+
+void MetronomePlayer::setIsFirstBeatNeed(bool need) {
+    if (streaming_)
+        engine_.setIsFirstBeatNeed(need);
+}
+
+void MetronomePlayer::releaseStreamWhenSilent() {
+    if (!streaming_ || playing_ || !engine_.isSilent())
+        return;
+    sound_.stopStream();
+    streaming_ = false;
+}
+
+void MetronomePlayer::render(float* out, int frames, std::int64_t firstFrame) {
+    engine_.render(out, frames, firstFrame);
+}
+
+}  // namespace zt

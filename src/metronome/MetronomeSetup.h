@@ -1,0 +1,63 @@
+#pragma once
+// Every setting of the metronome that is saved, restored and shared with the
+// presets: sound pack, time signature, subdivision pattern, accent and the
+// tempo wheel row. Keys, defaults and ranges come from the saved-state key
+// table (state/StateKeys.h), so they are declared in one place only.
+
+#include <string>
+
+#include "framework/Value.h"
+#include "state/StateKeys.h"
+
+namespace zt {
+
+struct MetronomeSetup {
+    int packNumber = state::metronome::kPackNumber.fallback;        // 1 to 5
+    int timeSig1Value = state::metronome::kTimeSig1Value.fallback;  // numerator, 1 to 16
+    int timeSig2Value = state::metronome::kTimeSig2Value.fallback;  // denominator, 4 or 8
+    int notesPerBeat = state::metronome::kNotesPerBeat.fallback;    // subdivision pattern, 1 to 6
+    bool isFirstBeatNeed = state::metronome::kIsFirstBeatNeed.fallback;
+    bool isTempoX2 = state::metronome::kIsTempoX2.fallback;  // eighth-note beat, tempo doubled
+    int BPM = state::metronome::kBPM.fallback;               // tempo wheel row, tempo - 20
+
+    bool operator==(const MetronomeSetup&) const = default;
+
+    // The tempo on the wheel, 20 to 240.
+    int tempo() const;
+    // The beats per minute the engine plays: the tempo, doubled in eighth-note time.
+    int beatsPerMinute() const;
+
+    // Sets the pack; an unknown pack number selects pack 1.
+    void setCurrentPack(int pack);
+    // Each returns false and changes nothing for a value the screen does not offer.
+    bool setTimeSig1Value(int numerator);
+    // The denominator also sets isTempoX2 (true exactly for 8) and, in
+    // eighth-note time, reduces patterns 4 and 5 to 3.
+    bool setTimeSig2Value(int denominator);
+    bool setNotesPerBeat(int pattern);
+    // Patterns offered under the current denominator: all six in quarter-note
+    // time, 1, 2, 3 and 6 in eighth-note time.
+    bool isPatternOffered(int pattern) const;
+
+    // Reads a saved-state section or a preset. An empty dictionary gives the
+    // defaults; a missing, malformed or out-of-range key gives that key's
+    // default (an unknown pack, pack 1), and a row outside the wheel is
+    // clamped to its nearest end. isTempoX2 follows the denominator, and a
+    // pattern not offered in eighth-note time becomes 3, as the screen would
+    // have set them.
+    void setSavedData(const Dictionary& data);
+    // "packNumber", "timeSig1Value", "timeSig2Value", "notesPerBeat",
+    // "isFirstBeatNeed", "isTempoX2" and "BPM" (the wheel row).
+    Dictionary savedData() const;
+    // savedData() plus "state" = currentState().
+    Dictionary currentSettings() const;
+    // "%d-%d-%d-%d-%d-%d-%d": pack, numerator, denominator, pattern, accent
+    // (0 or 1), eighth-note beat (0 or 1) and wheel row.
+    std::string currentState() const;
+
+    // The same setup with every field forced into its range; what the engine
+    // plays, whatever it is handed.
+    MetronomeSetup normalized() const;
+};
+
+}  // namespace zt

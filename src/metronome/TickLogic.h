@@ -1,0 +1,74 @@
+#pragma once
+// What happens at each beat and subdivision instant: which click sounds, where
+// the bar stands, and how a stop request ends the run. It knows nothing of
+// time; the scheduler calls mainTick() at every beat instant and subTick() at
+// every subdivision instant (beat first when both fall on the same sample).
+//
+// Accents: the first beat after a start is always a plain tick and leaves the
+// bar position at 1, so the accented bar start comes on the second beat and
+// every bar after. A numerator of 1 never accents.
+//
+// Stopping: requestStop() raises both stop requests. With a subdivision, the
+// next instant of either kind ends the run silently. Without one, the next
+// beat still sounds, as one last beat, and then the run ends.
+
+#include <array>
+
+#include "metronome/ClickSounds.h"
+#include "metronome/MetronomeSetup.h"
+#include "metronome/SubdivisionPattern.h"
+
+namespace zt {
+
+class TickLogic {
+public:
+    // The outcome of one instant: a click to start (soundId 0 for none) and
+    // whether the run has ended with it.
+    struct Tick {
+        int soundId = 0;
+        int group = 0;
+        bool runEnded = false;
+    };
+
+    // Begins a run: first-start tick pending, bar position 1, subdivision
+    // pattern set up, no stop requested.
+    void start(const MetronomeSetup& setup);
+    void requestStop();
+
+    // Takes effect at the next tick, without restarting the bar.
+    void setCurrentPack(int packNumber);
+    void setIsFirstBeatNeed(bool need);
+
+    Tick mainTick();
+    Tick subTick();
+
+    // True from start() until an instant ends the run.
+    bool isRunning() const { return beatTimer_ || subdivisionTimer_; }
+    bool stopRequested() const { return timerDirectionNeedStop_; }
+    int beatNumber() const { return beatNumber_; }
+    int subticksInBeatCount() const { return subticksInBeatCount_; }
+    int currentSubtickIndex() const { return currentSubtickIndex_; }
+    const ClickSounds& sounds() const { return sounds_; }
+
+private:
+    int playBeat();
+
+    ClickSounds sounds_;
+    int timeSig1Value_ = 1;
+    bool isFirstBeatNeed_ = true;
+
+    int beatNumber_ = 1;
+    bool isFirstStart_ = true;
+    bool isRunningSubTimer_ = false;
+    bool timerDirectionNeedStop_ = false;
+    bool timerSubdivisionNeedStop_ = false;
+    // Whether each repeating instant stream is still live (the timers of a run).
+    bool beatTimer_ = false;
+    bool subdivisionTimer_ = false;
+
+    int subticksInBeatCount_ = 0;
+    int currentSubtickIndex_ = 0;
+    std::array<bool, SubdivisionPattern::kMaxSlots> subtickMask_{};
+};
+
+}  // namespace zt

@@ -1,0 +1,300 @@
+// Where the engine puts its clicks, read back from the rendered audio.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+
+#include "ClickTrack.h"
+
+namespace zt::test {
+namespace {
+
+constexpr int kTick = 51, kTock = 52, kSub = 53;
+
+struct TempoCase {
+    int tempo;
+    int denominator;
+    int playedBpm;
+};
+
+class BeatIntervals : public ::testing::TestWithParam<TempoCase> {};
+
+TEST_P(BeatIntervals, EveryBeatLandsOnItsSample) {
+    const auto c = GetParam();
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    engine.start(setupAt(c.tempo, 4, 1, c.denominator));
+    const int beats = 12;
+    Render render(engine);
+    render.to(idealFrame(beats, 1, c.playedBpm) + 1);
+
+    const auto& onsets = render.onsets();
+    ASSERT_EQ(onsets.size(), size_t(beats));
+    const double period = 60.0 * kRate / c.playedBpm;
+    for (int k = 1; k <= beats; ++k) {
+        const auto& o = onsets[k - 1];
+        EXPECT_EQ(o.frame, idealFrame(k, 1, c.playedBpm)) << "beat " << k;
+        EXPECT_NEAR(double(o.frame), k * period, 0.5) << "beat " << k;
+        if (k > 1) {
+            EXPECT_NEAR(double(o.frame - onsets[k - 2].frame), period, 1.0);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Tempos, BeatIntervals,
+                         ::testing::Values(TempoCase{20, 4, 20}, TempoCase{80, 4, 80},
+                                           TempoCase{120, 4, 120}, TempoCase{240, 4, 240},
+                                           TempoCase{80, 8, 160}, TempoCase{133, 8, 266},
+                                           TempoCase{240, 8, 480}));
+
+struct PatternCase {
+    int pattern;
+    int tempo;
+    int denominator;
+    int slots;               // slots per beat
+    std::vector<int> heard;  // the slots that click
+};
+
+class SubdivisionSlots : public ::testing::TestWithParam<PatternCase> {};
+
+TEST_P(SubdivisionSlots, ClicksSitExactlyOnTheirSlots) {
+    const auto c = GetParam();
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    const MetronomeSetup setup = setupAt(c.tempo, 4, c.pattern, c.denominator);
+    ASSERT_EQ(setup.notesPerBeat, c.pattern);
+    engine.start(setup);
+    const int bpm = setup.beatsPerMinute();
+    const int beats = 9;
+    Render render(engine, {97, 256, 1031});
+    render.to(idealFrame(beats + 1, 1, bpm));
+
+    // Beats on every beat instant from the first; subdivisions only after it.
+    std::vector<Onset> expected;
+    for (int beat = 1; beat <= beats; ++beat) {
+        expected.push_back({idealFrame(beat, 1, bpm), beat == 2 || beat == 6 ? kTock : kTick});
+        for (int slot : c.heard) {
+            expected.push_back(
+                {idealFrame(std::int64_t(beat) * c.slots + slot, c.slots, bpm), kSub});
+        }
+    }
+    EXPECT_EQ(render.onsets(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Patterns, SubdivisionSlots,
+    ::testing::Values(PatternCase{2, 60, 4, 2, {1}}, PatternCase{3, 60, 4, 3, {1, 2}},
+                      PatternCase{4, 60, 4, 4, {1, 2, 3}}, PatternCase{5, 60, 4, 4, {3}},
+                      PatternCase{6, 60, 4, 3, {2}}, PatternCase{3, 97, 4, 3, {1, 2}},
+                      PatternCase{4, 240, 4, 4, {1, 2, 3}}, PatternCase{6, 133, 8, 3, {2}},
+                      PatternCase{2, 240, 8, 2, {1}}));
+
+TEST(SubdivisionSlots, PatternFiveAtSixtyIsThreeQuartersOfASecondAfterEachBeat) {
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    engine.start(setupAt(60, 4, 5));
+    Render render(engine);
+    render.to(5 * kRate);
+    std::vector<std::int64_t> gaps;
+    const auto& o = render.onsets();
+    for (size_t i = 0; i + 1 < o.size(); ++i) {
+        if (o[i].soundId != kSub && o[i + 1].soundId == kSub)
+            gaps.push_back(o[i + 1].frame - o[i].frame);
+    }
+    EXPECT_EQ(gaps, std::vector<std::int64_t>(4, 33075));
+}
+
+struct AccentCase {
+    int numerator;
+    bool accent;
+    std::string heard;  // T plain tick, A accent, one letter per beat
+};
+
+class Accents : public ::testing::TestWithParam<AccentCase> {};
+
+TEST_P(Accents, FollowTheBarFromTheSecondBeat) {
+    const auto c = GetParam();
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    MetronomeSetup setup = setupAt(240, c.numerator);
+    setup.isFirstBeatNeed = c.accent;
+    engine.start(setup);
+    Render render(engine);
+    render.to(idealFrame(int(c.heard.size()), 1, 240) + 1);
+    std::string heard;
+    for (const auto& o : render.onsets())
+        heard += o.soundId == kTock ? 'A' : o.soundId == kTick ? 'T' : '?';
+    EXPECT_EQ(heard, c.heard);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Bars, Accents,
+    ::testing::Values(AccentCase{4, true, "TATTTATTTATTT"}, AccentCase{2, true, "TATATATA"},
+                      AccentCase{3, true, "TATTATTAT"}, AccentCase{1, true, "TTTTTTTT"},
+                      AccentCase{4, false, "TTTTTTTTT"},
+                      AccentCase{16, true, "TA" + std::string(15, 'T') + "A"}));
+
+// Stop and restart at 60 beats per minute (one beat = 44100 frames), 4/4.
+struct TransportCase {
+    const char* name;
+    int pattern;
+    double actAtBeats;                               // when the command is given, in beats
+    int restartTempo;                                // 0: a plain stop
+    std::vector<std::pair<double, int>> heardAfter;  // (beats, sound id) from the command on
+};
+
+class Transport : public ::testing::TestWithParam<TransportCase> {};
+
+TEST_P(Transport, StopAndRestartSoundAsDocumented) {
+    const auto c = GetParam();
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    engine.start(setupAt(60, 4, c.pattern));
+    const auto actAt = std::int64_t(c.actAtBeats * kRate);
+    Render render(engine, {441});
+    render.to(actAt);
+    engine.stop();
+    if (c.restartTempo)
+        engine.start(setupAt(c.restartTempo, 4, c.pattern));
+    render.to(10 * kRate);
+
+    std::vector<Onset> expected;
+    for (const auto& [beats, id] : c.heardAfter)
+        expected.push_back({std::llround(beats * kRate), id});
+    EXPECT_EQ(render.onsetsFrom(actAt), expected);
+    EXPECT_EQ(engine.isRunning(), c.restartTempo != 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, Transport,
+                         ::testing::Values(
+                             // Without subdivision the next beat still sounds, once.
+                             TransportCase{"StopPlaysOneLastBeat", 1, 2.5, 0, {{3.0, kTick}}},
+                             // With one, the next instant of either kind ends it silently.
+                             TransportCase{"StopBeforeASubdivision", 2, 2.25, 0, {}},
+                             TransportCase{"StopBeforeABeat", 2, 2.75, 0, {}},
+                             // A restart begins where the old run ends: a new bar, plain first
+                             // tick one new period later.
+                             TransportCase{"RestartAfterLastBeat",
+                                           1,
+                                           2.5,
+                                           120,
+                                           {{3.0, kTick},
+                                            {3.5, kTick},
+                                            {4.0, kTock},
+                                            {4.5, kTick},
+                                            {5.0, kTick},
+                                            {5.5, kTick},
+                                            {6.0, kTock},
+                                            {6.5, kTick},
+                                            {7.0, kTick},
+                                            {7.5, kTick},
+                                            {8.0, kTock},
+                                            {8.5, kTick},
+                                            {9.0, kTick},
+                                            {9.5, kTick}}},
+                             TransportCase{"RestartWithSubdivision",
+                                           2,
+                                           2.25,
+                                           60,
+                                           {{3.5, kTick},
+                                            {4.0, kSub},
+                                            {4.5, kTock},
+                                            {5.0, kSub},
+                                            {5.5, kTick},
+                                            {6.0, kSub},
+                                            {6.5, kTick},
+                                            {7.0, kSub},
+                                            {7.5, kTick},
+                                            {8.0, kSub},
+                                            {8.5, kTock},
+                                            {9.0, kSub},
+                                            {9.5, kTick}}}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(LiveChanges, PackAndAccentTakeEffectAtTheNextTickWithoutRestart) {
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    engine.start(setupAt(60, 2, 2));
+    Render render(engine, {441});
+    render.to(std::int64_t(2.25 * kRate));
+    engine.setCurrentPack(3);  // ids 57, 58, 59
+    render.to(std::int64_t(3.75 * kRate));
+    engine.setIsFirstBeatNeed(false);
+    engine.setCurrentPack(9);  // unknown: pack 1
+    render.to(6 * kRate);
+    const std::vector<Onset> expected = {{idealFrame(5, 2, 60), 59}, {idealFrame(6, 2, 60), 57},
+                                         {idealFrame(7, 2, 60), 59}, {idealFrame(8, 2, 60), 51},
+                                         {idealFrame(9, 2, 60), 53}, {idealFrame(10, 2, 60), 51},
+                                         {idealFrame(11, 2, 60), 53}};
+    EXPECT_EQ(render.onsetsFrom(std::int64_t(2.25 * kRate)), expected);
+}
+
+// Ten minutes in blocks of every kind: each instant on its own exact sample,
+// never more than half a sample from the ideal time.
+class LongRun : public ::testing::TestWithParam<std::vector<int>> {};
+
+TEST_P(LongRun, DoesNotDriftInTenMinutes) {
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    const MetronomeSetup setup = setupAt(113, 7, 3, 8);  // 226 per minute, triplets
+    engine.start(setup);
+    Render render(engine, GetParam());
+    const std::int64_t end = 600LL * kRate;
+    render.to(end);
+
+    const int bpm = setup.beatsPerMinute();
+    const double slot = 60.0 * kRate / (bpm * 3.0);
+    double worst = 0.0;
+    std::int64_t slotIndex = 3;
+    for (const auto& o : render.onsets()) {
+        ASSERT_EQ(o.frame, idealFrame(slotIndex, 3, bpm)) << "slot " << slotIndex;
+        worst = std::max(worst, std::abs(o.frame - slotIndex * slot));
+        ++slotIndex;
+    }
+    EXPECT_LE(worst, 0.5);
+    EXPECT_GE(slotIndex * slot, double(end) - slot);
+    std::printf("largest offline onset error over 10 min: %.3f samples (%.4f ms)\n", worst,
+                worst * 1000.0 / kRate);
+}
+
+INSTANTIATE_TEST_SUITE_P(BlockSizes, LongRun,
+                         ::testing::Values(std::vector<int>{256}, std::vector<int>{441},
+                                           std::vector<int>{4096},
+                                           std::vector<int>{1, 77, 512, 3, 2049, 128}));
+
+TEST(StreamClock, AJumpOfTheClockKeepsThePulseOfTheRenderedSound) {
+    SyntheticClicks clicks;
+    MetronomeEngine engine(kRate, clicks.bank());
+    engine.start(setupAt(120, 4));
+    std::vector<float> block(500);
+    OnsetScanner scanner;
+    for (int i = 0; i < 400; ++i) {
+        // The stream restarts its clock at 0 halfway through.
+        const std::int64_t clock = i < 200 ? i * 500LL : (i - 200) * 500LL;
+        engine.render(block.data(), 500, clock);
+        scanner.feed(block.data(), 500);
+    }
+    const auto& o = scanner.onsets();
+    ASSERT_GE(o.size(), 8u);
+    for (size_t i = 1; i < o.size(); ++i)
+        EXPECT_EQ(o[i].frame - o[i - 1].frame, 22050);
+}
+
+TEST(ClickMixer, AClickCutsItsOwnGroupAndAddsToTheOther) {
+    const std::vector<float> a(100, 0.25f), b(100, 0.5f), c(100, 0.125f);
+    ClickMixer mixer;
+    mixer.setGroupGain(2, 0.5f);
+    std::vector<float> out(20, 0.0f);
+    mixer.play(1, a);
+    mixer.mixInto(out.data(), 10);
+    mixer.play(1, b);  // cuts a
+    mixer.play(2, c);
+    mixer.mixInto(out.data() + 10, 10);
+    EXPECT_FLOAT_EQ(out[9], 0.25f);
+    EXPECT_FLOAT_EQ(out[10], 0.5f + 0.0625f);
+    mixer.stopAll();
+    EXPECT_TRUE(mixer.isSilent());
+}
+
+}  // namespace
+}  // namespace zt::test
