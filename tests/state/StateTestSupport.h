@@ -1,0 +1,87 @@
+#pragma once
+// A private data folder per test ($ZEBTOOLS_DATA_DIR), a fresh facade, and
+// the log lines written meanwhile.
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "framework/Facade.h"
+#include "framework/Log.h"
+#include "framework/Paths.h"
+#include "state/PlistCodec.h"
+
+namespace zt::test {
+
+class DataDirTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        namespace fs = std::filesystem;
+        std::string pattern = (fs::temp_directory_path() / "zt-state-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+        root_ = pattern;
+        setDataDir(root_ / "data");
+        Facade::reset();
+        setLogQuiet(true);
+        setLogSink([this](const std::string& line) { logLines_.push_back(line); });
+    }
+
+    void TearDown() override {
+        setLogSink({});
+        setLogQuiet(false);
+        Facade::reset();
+        ::unsetenv("ZEBTOOLS_DATA_DIR");
+        // Tests may leave folders read-only; make them removable again.
+        std::error_code ec;
+        for (auto it = std::filesystem::recursive_directory_iterator(root_, ec);
+             it != std::filesystem::recursive_directory_iterator(); it.increment(ec)) {
+            std::filesystem::permissions(it->path(), std::filesystem::perms::owner_all,
+                                         std::filesystem::perm_options::add, ec);
+        }
+        std::filesystem::remove_all(root_, ec);
+    }
+
+    void setDataDir(const std::filesystem::path& dir) {
+        dataDir_ = dir;
+        ::setenv("ZEBTOOLS_DATA_DIR", dir.c_str(), 1);
+    }
+
+    std::filesystem::path statePath() const { return dataDir_ / "saveState.plist"; }
+
+    static std::string readBytes(const std::filesystem::path& path) {
+        std::ifstream in(path, std::ios::binary);
+        std::ostringstream out;
+        out << in.rdbuf();
+        return out.str();
+    }
+
+    static void writeBytes(const std::filesystem::path& path, const std::string& bytes) {
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+
+    static Dictionary readDictionary(const std::filesystem::path& path) {
+        auto parsed = plist::parse(readBytes(path));
+        return parsed ? parsed->dictionary() : Dictionary{};
+    }
+
+    static Dictionary defaultFile() { return readDictionary(paths::resource("saveState.plist")); }
+
+    bool logged(const std::string& fragment) const {
+        return std::any_of(logLines_.begin(), logLines_.end(), [&](const std::string& line) {
+            return line.find(fragment) != std::string::npos;
+        });
+    }
+
+    std::filesystem::path root_;
+    std::filesystem::path dataDir_;
+    std::vector<std::string> logLines_;
+};
+
+}  // namespace zt::test
