@@ -1,17 +1,16 @@
-// MediaProxy's loading states, timer and fret arithmetic (on an engine
-// without a device, so loading finishes at once and nothing sounds).
+// MediaProxy's loading states, timer and log, on an engine
+// without an output device (so loading finishes at once and nothing sounds),
+// and the engine's own behaviour without a device.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "framework/ManualLoop.h"
 #include "sound/MediaProxy.h"
-#include "sound/WaveOutput.h"
+#include "sound/SoundBank.h"
+#include "sound/SoundTesting.h"
 
 using namespace zt;
 using namespace std::chrono_literals;
@@ -27,6 +26,11 @@ struct CompletionCounter : Mediator {
     int count = 0;
 };
 
+struct SilentRenderer : StreamRenderer {
+    void render(float*, int, std::int64_t) override { ++calls; }
+    int calls = 0;
+};
+
 class MediaProxyTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -37,7 +41,6 @@ protected:
         setLogSink([this](const std::string& line) { lines_.push_back(line); });
         engine_ = std::make_unique<SoundEngine>();
         proxy_ = makeProxy<MediaProxy>("ZebTools", *engine_);
-        counter_ = makeMediator<CompletionCounter>();
         Facade::getInstance().registerMediator(counter_);
     }
     void TearDown() override {
@@ -55,68 +58,56 @@ protected:
     std::vector<std::string> lines_;
     std::unique_ptr<SoundEngine> engine_;
     std::shared_ptr<MediaProxy> proxy_;
-    std::shared_ptr<CompletionCounter> counter_;
+    std::shared_ptr<CompletionCounter> counter_ = makeMediator<CompletionCounter>();
 };
-
-struct FretRow {
-    const char* name;
-    int fret;
-    int string;
-    const char* line;
-};
-
-void PrintTo(const FretRow& row, std::ostream* os) {
-    *os << row.name;
-}
-
-class MediaProxyFrets : public MediaProxyTest, public ::testing::WithParamInterface<FretRow> {};
 
 }  // namespace
 
+TEST_F(MediaProxyTest, EngineWithoutDeviceLogsOnceAndDoesNothing) {
+    EXPECT_FALSE(engine_->hasDevice());
+    ASSERT_EQ(lines_.size(), 1u);
+    EXPECT_NE(lines_[0].find("no audio output device"), std::string::npos) << lines_[0];
+
+    engine_->defineSourceGroups({1, 2});
+    engine_->loadBuffersAsync({{51, SoundBank::path("1_tick.caf")}, {52, "/no/such.caf"}});
+    EXPECT_EQ(engine_->loadProgress(), 1.0f);
+    EXPECT_FALSE(engine_->playSound(51, 0, 1.0f, 0.0f, 1.0f, true));
+    engine_->stopSourceGroup(0);
+    engine_->unloadBuffer(51);
+    EXPECT_EQ(engine_->decodedSamples(51), nullptr);
+    SilentRenderer renderer;
+    EXPECT_FALSE(engine_->startStream(&renderer));
+    EXPECT_EQ(engine_->streamPosition(), 0);
+    engine_->stopStream();
+    EXPECT_EQ(renderer.calls, 0);
+    EXPECT_EQ(lines_.size(), 1u);
+}
+
 TEST_F(MediaProxyTest, LoadsOnThePollAfterLoadingAndNotifiesOnce) {
     EXPECT_FALSE(proxy_->isBuffersLoaded());
-    EXPECT_EQ(proxy_->trackTime(), 0.0f);
-
     proxy_->loadSoundBuffers();
     proxy_->loadSoundBuffers();
     EXPECT_TRUE(logged("BUFERS LOAD"));
     EXPECT_EQ(loop_.activeTimers(), 1u) << "a second load must not start a second timer";
-    EXPECT_FALSE(proxy_->isBuffersLoaded());
 
     loop_.advance(199ms);
     EXPECT_FALSE(proxy_->isBuffersLoaded());
     loop_.advance(1ms);
     EXPECT_TRUE(proxy_->isBuffersLoaded());
-    EXPECT_EQ(counter_->count, 1);
     EXPECT_EQ(loop_.activeTimers(), 0u);
-
     loop_.advance(1s);
     EXPECT_EQ(counter_->count, 1);
 
     proxy_->unloadSoundBuffers();
     EXPECT_FALSE(proxy_->isBuffersLoaded());
+    proxy_->playSoundByFret(7, 0, false);
+    EXPECT_TRUE(logged("fret = 7, string = 0 pitch = 1.498307")) << lines_.back();
 }
 
 TEST_F(MediaProxyTest, DestroyingTheProxyStopsItsTimer) {
     proxy_->loadSoundBuffers();
-    ASSERT_EQ(loop_.activeTimers(), 1u);
     proxy_.reset();
     EXPECT_EQ(loop_.activeTimers(), 0u);
     loop_.advance(1s);
     EXPECT_EQ(counter_->count, 0);
 }
-
-TEST_P(MediaProxyFrets, LogsFretStringAndPitch) {
-    const auto& row = GetParam();
-    proxy_->playSoundByFret(row.fret, row.string, false);
-    proxy_->stopSound(row.string + 1);
-    EXPECT_TRUE(logged(row.line)) << (lines_.empty() ? "" : lines_.back());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Pitches, MediaProxyFrets,
-    ::testing::Values(FretRow{"Open", 0, 0, "fret = 0, string = 0 pitch = 1.000000"},
-                      FretRow{"Fifth", 7, 0, "fret = 7, string = 0 pitch = 1.498307"},
-                      FretRow{"Octave", 12, 5, "fret = 12, string = 5 pitch = 2.000000"},
-                      FretRow{"TwoBelow", -2, 5, "fret = -2, string = 5 pitch = 0.890899"}),
-    [](const auto& info) { return std::string(info.param.name); });

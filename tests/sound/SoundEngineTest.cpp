@@ -1,17 +1,15 @@
-// What the engine actually plays: group cutting, overlap, looping,
-// stopping, unloading, and loading past unreadable files.
+// What the engine actually plays: group cutting, overlap, looping, stopping
+// and unloading; loading past unreadable files; the streaming voice.
 #include <gtest/gtest.h>
-#include <sndfile.h>
 
+#include <atomic>
 #include <cmath>
 #include <fstream>
 #include <numbers>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include "framework/Log.h"
-#include "sound/EngineRecorder.h"
+#include "sound/SoundTesting.h"
 
 using namespace zt;
 using namespace zt::testing;
@@ -19,99 +17,77 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kRate = 44100;
-constexpr double kLow = 500.0, kHigh = 800.0;
-// Sound ids of the test tones: one second each, and a 0.1 s one made to loop.
-constexpr int kLongLow = 1, kLongHigh = 2, kShortLow = 3;
-
-std::filesystem::path writeTone(const std::string& name, double hertz, double seconds) {
-    const auto path = std::filesystem::temp_directory_path() /
-                      ("zt-engine-" + name + "-" + std::to_string(getpid()) + ".wav");
-    SF_INFO info{};
-    info.samplerate = kRate;
-    info.channels = 1;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
-    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
-    std::vector<float> samples(static_cast<size_t>(seconds * kRate));
-    for (size_t i = 0; i < samples.size(); ++i) {
-        samples[i] = static_cast<float>(0.5 * std::sin(2 * std::numbers::pi * hertz * i / kRate));
-    }
-    sf_writef_float(file, samples.data(), static_cast<sf_count_t>(samples.size()));
-    sf_close(file);
-    return path;
-}
+// Test tones: one second at 500 and 800 Hz, and 0.1 s at 500 Hz to loop.
+constexpr int kLow = 1, kHigh = 2, kShortLow = 3;
 
 struct Step {
-    enum Action { Play, PlayLooped, StopGroup, Unload } action;
+    enum Action { Play, Loop, Stop, Unload } action;
     int sound;
     int group;
 };
 
-// Steps run 150 ms apart from the first sound; the check listens from
-// 400 to 550 ms after it, when every test tone would still be sounding if
-// nothing had cut it.
+// Steps run 150 ms apart; the check listens 400 to 550 ms after the first
+// sound starts, when both long tones would still sound had nothing cut them.
 struct GroupRow {
     const char* name;
     std::vector<Step> steps;
-    bool lowHeard;
-    bool highHeard;
+    bool lowHeard, highHeard;
 };
-
 void PrintTo(const GroupRow& row, std::ostream* os) {
     *os << row.name;
 }
 
-class SoundEngineGroups : public ::testing::TestWithParam<GroupRow> {
-protected:
-    void SetUp() override {
-        files_ = {writeTone("low", kLow, 1.0), writeTone("high", kHigh, 1.0),
-                  writeTone("short", kLow, 0.1)};
-        ASSERT_TRUE(recorder_.engine().hasDevice());
-        recorder_.engine().defineSourceGroups({1, 1, 1});
-        recorder_.engine().loadBuffersAsync(
-            {{kLongLow, files_[0]}, {kLongHigh, files_[1]}, {kShortLow, files_[2]}});
-        ASSERT_TRUE(recorder_.waitLoaded());
-    }
-    void TearDown() override {
-        for (const auto& file : files_)
-            std::filesystem::remove(file);
-    }
+class SoundEngineGroups : public ::testing::TestWithParam<GroupRow> {};
 
-    EngineRecorder recorder_;
-    std::vector<std::filesystem::path> files_;
+struct SineRenderer : StreamRenderer {
+    void render(float* out, int frames, std::int64_t firstFrame) override {
+        if (firstFrame != next)
+            ++clockBreaks;
+        for (int i = 0; i < frames; ++i) {
+            out[i] = 0.5f * std::sin(2 * std::numbers::pi * 1000.0 * (firstFrame + i) / 44100);
+        }
+        next = firstFrame + frames;
+    }
+    std::int64_t next = 0;
+    std::atomic<int> clockBreaks{0};
 };
 
 }  // namespace
 
 TEST_P(SoundEngineGroups, LateWindowHoldsOnlyWhatShouldStillSound) {
-    SoundEngine& engine = recorder_.engine();
+    WaveRecorder recorder;
+    SoundEngine& engine = recorder.engine();
+    ASSERT_TRUE(engine.hasDevice());
+    const std::vector<std::filesystem::path> files{scratchPath("low.wav"), scratchPath("high.wav"),
+                                                   scratchPath("short.wav")};
+    writeTone(files[0], 500, 1.0);
+    writeTone(files[1], 800, 1.0);
+    writeTone(files[2], 500, 0.1);
+    engine.defineSourceGroups({1, 1, 1});
+    engine.loadBuffersAsync({{kLow, files[0]}, {kHigh, files[1]}, {kShortLow, files[2]}});
+    ASSERT_TRUE(recorder.waitLoaded());
+
     for (const Step& step : GetParam().steps) {
-        switch (step.action) {
-            case Step::Play:
-            case Step::PlayLooped:
-                EXPECT_TRUE(engine.playSound(step.sound, step.group, 1.0f, 0.0f, 1.0f,
-                                             step.action == Step::PlayLooped));
-                break;
-            case Step::StopGroup:
-                engine.stopSourceGroup(step.group);
-                break;
-            case Step::Unload:
-                engine.unloadBuffer(step.sound);
-                break;
+        if (step.action == Step::Play || step.action == Step::Loop) {
+            EXPECT_TRUE(engine.playSound(step.sound, step.group, 1.0f, 0.0f, 1.0f,
+                                         step.action == Step::Loop));
         }
+        if (step.action == Step::Stop)
+            engine.stopSourceGroup(step.group);
+        if (step.action == Step::Unload)
+            engine.unloadBuffer(step.sound);
         std::this_thread::sleep_for(150ms);
     }
     std::this_thread::sleep_for(700ms - 150ms * static_cast<int>(GetParam().steps.size()));
-    const Recording played = recorder_.finish();
+    const Recording played = recorder.finish();
+    for (const auto& file : files)
+        std::filesystem::remove(file);
 
     const size_t start = onset(played.samples, 0.05f);
-    ASSERT_LT(start, played.samples.size()) << "nothing was played";
-    const auto late = window(played, start, 0.40, 0.55);
-    ASSERT_GT(late.size(), 6000u);
-    const double low = toneAmplitude(late, played.rate, kLow);
-    const double high = toneAmplitude(late, played.rate, kHigh);
-    EXPECT_EQ(low > 0.1, GetParam().lowHeard) << "500 Hz at " << low;
-    EXPECT_EQ(high > 0.1, GetParam().highHeard) << "800 Hz at " << high;
+    const auto late = played.window(start, 0.40, 0.55);
+    ASSERT_GT(late.size(), 6000u) << "nothing was played";
+    EXPECT_EQ(toneAmplitude(late, played.rate, 500) > 0.1, GetParam().lowHeard);
+    EXPECT_EQ(toneAmplitude(late, played.rate, 800) > 0.1, GetParam().highHeard);
     if (!GetParam().lowHeard && !GetParam().highHeard) {
         EXPECT_LT(rms(late), 1e-3);
     }
@@ -120,21 +96,17 @@ TEST_P(SoundEngineGroups, LateWindowHoldsOnlyWhatShouldStillSound) {
 INSTANTIATE_TEST_SUITE_P(
     Scripts, SoundEngineGroups,
     ::testing::Values(
-        GroupRow{"NewSoundCutsItsGroup",
-                 {{Step::Play, kLongLow, 0}, {Step::Play, kLongHigh, 0}},
+        GroupRow{
+            "NewSoundCutsItsGroup", {{Step::Play, kLow, 0}, {Step::Play, kHigh, 0}}, false, true},
+        GroupRow{"GroupsOverlap", {{Step::Play, kLow, 0}, {Step::Play, kHigh, 1}}, true, true},
+        GroupRow{"ShortSoundEnds", {{Step::Play, kShortLow, 2}}, false, false},
+        GroupRow{"LoopKeepsSounding", {{Step::Loop, kShortLow, 2}}, true, false},
+        GroupRow{"StopSilencesOnlyItsGroup",
+                 {{Step::Loop, kShortLow, 0}, {Step::Play, kHigh, 1}, {Step::Stop, 0, 0}},
                  false,
                  true},
-        GroupRow{
-            "GroupsOverlap", {{Step::Play, kLongLow, 0}, {Step::Play, kLongHigh, 1}}, true, true},
-        GroupRow{"ShortSoundEnds", {{Step::Play, kShortLow, 2}}, false, false},
-        GroupRow{"LoopKeepsSounding", {{Step::PlayLooped, kShortLow, 2}}, true, false},
-        GroupRow{
-            "StopSilencesOnlyItsGroup",
-            {{Step::PlayLooped, kShortLow, 0}, {Step::Play, kLongHigh, 1}, {Step::StopGroup, 0, 0}},
-            false,
-            true},
         GroupRow{"UnloadStopsItsSound",
-                 {{Step::PlayLooped, kShortLow, 0}, {Step::Unload, kShortLow, 0}},
+                 {{Step::Loop, kShortLow, 0}, {Step::Unload, kShortLow, 0}},
                  false,
                  false}),
     [](const auto& info) { return std::string(info.param.name); });
@@ -142,35 +114,51 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(SoundEngineLoading, UnreadableFilesStaySilentAndLoadingCompletes) {
     std::vector<std::string> lines;
     setLogSink([&](const std::string& line) { lines.push_back(line); });
-    EngineRecorder recorder;
+    WaveRecorder recorder;
     SoundEngine& engine = recorder.engine();
-    const auto good = writeTone("good", kLow, 0.2);
-    const auto corrupt = std::filesystem::temp_directory_path() /
-                         ("zt-engine-corrupt-" + std::to_string(getpid()) + ".caf");
-    std::ofstream(corrupt) << "caff but not really";
+    const auto good = scratchPath("good.wav"), corrupt = scratchPath("corrupt.caf");
     const std::filesystem::path missing = "/nonexistent/E4_.caf";
+    writeTone(good, 500, 0.2);
+    std::ofstream(corrupt) << "caff but not really";
 
     engine.defineSourceGroups({1});
     engine.loadBuffersAsync({{1, good}, {2, missing}, {3, corrupt}, {4, good}});
     EXPECT_TRUE(recorder.waitLoaded());
-    EXPECT_EQ(engine.loadProgress(), 1.0f);
-
-    EXPECT_NE(engine.decodedSamples(1), nullptr);
+    setLogSink({});
     EXPECT_NE(engine.decodedSamples(4), nullptr);
-    for (int silent : {2, 3}) {
-        EXPECT_EQ(engine.decodedSamples(silent), nullptr);
-        EXPECT_FALSE(engine.playSound(silent, 0, 1.0f, 0.0f, 1.0f, false));
-    }
-    for (const auto& path : {missing, corrupt}) {
+    for (const auto& [id, path] : {std::pair{2, missing}, std::pair{3, corrupt}}) {
+        EXPECT_EQ(engine.decodedSamples(id), nullptr);
+        EXPECT_FALSE(engine.playSound(id, 0, 1.0f, 0.0f, 1.0f, false));
         EXPECT_TRUE(std::any_of(
             lines.begin(), lines.end(),
             [&](const std::string& line) { return line.find(path.string()) != std::string::npos; }))
             << "no log line names " << path;
     }
-    engine.unloadBuffer(1);
-    engine.unloadBuffer(1);
-    EXPECT_EQ(engine.decodedSamples(1), nullptr);
-    setLogSink({});
+    engine.unloadBuffer(4);
+    engine.unloadBuffer(4);
+    EXPECT_EQ(engine.decodedSamples(4), nullptr);
     std::filesystem::remove(good);
     std::filesystem::remove(corrupt);
+}
+
+TEST(SoundEngineStream, PlaysTheRendererWithoutGaps) {
+    WaveRecorder recorder;
+    SineRenderer renderer;
+    ASSERT_TRUE(recorder.engine().startStream(&renderer));
+    std::this_thread::sleep_for(300ms);
+    const std::int64_t heard = recorder.engine().streamPosition();
+    EXPECT_GT(heard, 44100 / 10);
+    EXPECT_LE(heard, renderer.next);
+    std::this_thread::sleep_for(200ms);
+    recorder.engine().stopStream();
+    EXPECT_EQ(renderer.clockBreaks, 0);
+    const Recording played = recorder.finish();
+
+    const auto steady = played.window(onset(played.samples, 0.05f), 0.05, 0.45);
+    ASSERT_GT(steady.size(), 44100u / 4);
+    EXPECT_LT(std::abs(cents(toneFrequency(steady, played.rate, 1000), 1000)), 0.1);
+    // An underrun would leave a hole: every 2 ms stretch must carry the tone.
+    for (size_t at = 0; at + 88 <= steady.size(); at += 88) {
+        ASSERT_GT(rms(steady.subspan(at, 88)), 0.2) << "gap at frame " << at;
+    }
 }
