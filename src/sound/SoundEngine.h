@@ -72,6 +72,8 @@ public:
     // Starts the streaming voice with `renderer` (which must outlive the
     // stream), replacing a running one. False without a device.
     bool startStream(StreamRenderer* renderer);
+    // Waits for the stream thread to finish its block; never call it (or
+    // startStream) from inside the renderer.
     void stopStream();
     int streamSampleRate() const { return kSampleRate; }
     // Stream frame being heard now; 0 when no stream runs.
