@@ -45,7 +45,11 @@ INSTANTIATE_TEST_SUITE_P(Tempos, BeatIntervals,
                          ::testing::Values(TempoCase{20, 4, 20}, TempoCase{80, 4, 80},
                                            TempoCase{120, 4, 120}, TempoCase{240, 4, 240},
                                            TempoCase{80, 8, 160}, TempoCase{133, 8, 266},
-                                           TempoCase{240, 8, 480}));
+                                           TempoCase{240, 8, 480}),
+                         [](const auto& info) {
+                             return std::to_string(info.param.tempo) + "_over_" +
+                                    std::to_string(info.param.denominator);
+                         });
 
 struct PatternCase {
     int pattern;
@@ -87,7 +91,11 @@ INSTANTIATE_TEST_SUITE_P(
                       PatternCase{4, 60, 4, 4, {1, 2, 3}}, PatternCase{5, 60, 4, 4, {3}},
                       PatternCase{6, 60, 4, 3, {2}}, PatternCase{3, 97, 4, 3, {1, 2}},
                       PatternCase{4, 240, 4, 4, {1, 2, 3}}, PatternCase{6, 133, 8, 3, {2}},
-                      PatternCase{2, 240, 8, 2, {1}}));
+                      PatternCase{2, 240, 8, 2, {1}}),
+    [](const auto& info) {
+        return "pattern" + std::to_string(info.param.pattern) + "_at" +
+               std::to_string(info.param.tempo) + "_over" + std::to_string(info.param.denominator);
+    });
 
 TEST(SubdivisionSlots, PatternFiveAtSixtyIsThreeQuartersOfASecondAfterEachBeat) {
     SyntheticClicks clicks;

@@ -1,0 +1,151 @@
+// What the screen's controls send to the output, and when they restart it.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "framework/Log.h"
+#include "metronome/MetronomeCore.h"
+
+namespace zt {
+namespace {
+
+class RecordingOutput : public MetronomeOutput {
+public:
+    void start(const MetronomeSetup& setup) override {
+        calls.push_back("start " + setup.currentState());
+    }
+    void stop() override { calls.push_back("stop"); }
+    void setCurrentPack(int pack) override { calls.push_back("pack " + std::to_string(pack)); }
+    void setIsFirstBeatNeed(bool need) override { calls.push_back(need ? "accent 1" : "accent 0"); }
+    std::vector<std::string> calls;
+};
+
+struct Scenario {
+    const char* name;
+    std::function<void(MetronomeCore&, ManualTickClock&)> act;
+    std::vector<std::string> calls;
+};
+
+class Controls : public ::testing::TestWithParam<Scenario> {
+protected:
+    void SetUp() override { setLogQuiet(true); }
+    void TearDown() override { setLogQuiet(false); }
+};
+
+TEST_P(Controls, SendWhatTheScreenAskedFor) {
+    RecordingOutput output;
+    ManualTickClock clock;
+    MetronomeCore core(output, clock);
+    GetParam().act(core, clock);
+    EXPECT_EQ(output.calls, GetParam().calls);
+}
+
+const std::string kDefault = "start 1-2-4-1-1-0-60";
+
+INSTANTIATE_TEST_SUITE_P(
+    Screen, Controls,
+    ::testing::Values(Scenario{"StartThenStop",
+                               [](auto& m, auto&) {
+                                   m.startMetronome();
+                                   m.startMetronome();
+                                   m.stopMetronome();
+                                   m.stopMetronome();
+                               },
+                               {kDefault, "stop"}},
+                      Scenario{"ChangesWhileStoppedOnlyStore",
+                               [](auto& m, auto&) {
+                                   m.plus();
+                                   m.setTimeSig1Value(3);
+                                   m.restartMetronome();
+                                   m.startMetronome();
+                               },
+                               {"start 1-3-4-1-1-0-61"}},
+                      Scenario{"PlusRestarts",
+                               [](auto& m, auto&) {
+                                   m.startMetronome();
+                                   m.plus();
+                               },
+                               {kDefault, "stop", "start 1-2-4-1-1-0-61"}},
+                      Scenario{"PlusAtTheTopDoesNothing",
+                               [](auto& m, auto&) {
+                                   m.selectRow(220);
+                                   m.startMetronome();
+                                   EXPECT_FALSE(m.plus());
+                                   EXPECT_EQ(m.tempo(), 240);
+                               },
+                               {"start 1-2-4-1-1-0-220"}},
+                      Scenario{"MinusAtTheBottomStaysAndRestarts",
+                               [](auto& m, auto&) {
+                                   m.selectRow(0);
+                                   m.startMetronome();
+                                   m.minus();
+                                   EXPECT_EQ(m.tempo(), 20);
+                               },
+                               {"start 1-2-4-1-1-0-0", "stop", "start 1-2-4-1-1-0-0"}},
+                      Scenario{"RowOffTheWheelIsRefused",
+                               [](auto& m, auto&) {
+                                   m.startMetronome();
+                                   EXPECT_FALSE(m.selectRow(221));
+                                   EXPECT_FALSE(m.setTimeSig1Value(0));
+                               },
+                               {kDefault}},
+                      Scenario{"PackAndAccentWithoutRestart",
+                               [](auto& m, auto&) {
+                                   m.startMetronome();
+                                   m.setCurrentPack(4);
+                                   m.setIsFirstBeatNeed(false);
+                                   m.setCurrentPack(7);
+                               },
+                               {kDefault, "pack 4", "accent 0", "pack 1"}},
+                      Scenario{"DenominatorEightRestartsInTriplets",
+                               [](auto& m, auto&) {
+                                   m.setNotesPerBeat(4);
+                                   m.startMetronome();
+                                   m.setTimeSig2Value(8);
+                               },
+                               {"start 1-2-4-4-1-0-60", "stop", "start 1-2-8-3-1-1-60"}},
+                      Scenario{"PauseAndResume",
+                               [](auto& m, auto&) {
+                                   m.runMetronome();
+                                   m.startMetronome();
+                                   m.endMetronome();
+                                   EXPECT_TRUE(m.isPaused());
+                                   m.runMetronome();
+                                   m.runMetronome();
+                                   EXPECT_TRUE(m.isPlaying());
+                               },
+                               {kDefault, "stop", kDefault}},
+                      Scenario{"PresetAppliesAndRestarts",
+                               [](auto& m, auto&) {
+                                   m.startMetronome();
+                                   m.setSettingsFromDictionary({});
+                                   m.setSettingsFromDictionary({{"BPM", 100}, {"packNumber", 2}});
+                                   EXPECT_EQ(m.currentState(), "2-2-4-1-1-0-100");
+                               },
+                               {kDefault, "stop", "start 2-2-4-1-1-0-100"}},
+                      Scenario{"TapSetsTheTempoAndRestarts",
+                               [](auto& m, auto& clock) {
+                                   m.startMetronome();
+                                   EXPECT_FALSE(m.tap());
+                                   clock.advance(0.375);
+                                   EXPECT_TRUE(m.tap());
+                                   EXPECT_EQ(m.tempo(), 160);
+                                   EXPECT_TRUE(m.tapTempo().readyForDblClick());
+                               },
+                               {kDefault, "stop", "start 1-2-4-1-1-0-140"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Controls, SavedDataIsReadWithoutStarting) {
+    RecordingOutput output;
+    MetronomeCore core(output);
+    core.setSavedData({{"BPM", 60}, {"timeSig1Value", 3}});
+    EXPECT_EQ(core.tempo(), 80);
+    EXPECT_EQ(core.getCurrentBPM(), 60);
+    EXPECT_EQ(valueFor(core.savedData(), "timeSig1Value").toInt(), 3);
+    EXPECT_TRUE(output.calls.empty());
+}
+
+}  // namespace
+}  // namespace zt
