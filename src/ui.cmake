@@ -27,3 +27,8 @@ qt_add_qml_module(zt_ui
 target_include_directories(zt_ui PUBLIC ${PROJECT_SOURCE_DIR}/src)
 target_link_libraries(zt_ui PUBLIC Qt6::Core Qt6::Gui Qt6::Qml Qt6::Quick Qt6::QuickControls2 Qt6::DBus
   zt_framework ${ZT_UI_LIBS})
+
+qt_add_executable(zebtools app/main.cpp)
+target_link_libraries(zebtools PRIVATE zt_ui zt_uiplugin)
+install(TARGETS zebtools RUNTIME DESTINATION bin)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION share/zebtools)

@@ -1,0 +1,44 @@
+# The two commands: `make run` and `make test`. Both first install what is
+# missing (Debian packages), then build.
+
+JOBS ?= $(shell nproc)
+BUILD_DIR := build/default
+ASAN_DIR := build/asan
+
+.PHONY: all deps build run screenshots test test-asan bench clean
+
+all: build
+
+deps:
+	@bash tools/install-deps.sh
+
+build: deps
+	@cmake --preset default >/dev/null
+	@cmake --build --preset default -j $(JOBS)
+
+run: build
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
+		$(BUILD_DIR)/src/zebtools; \
+	else \
+		echo "No display: rendering each tool to screenshots/ instead."; \
+		QT_QPA_PLATFORM=offscreen $(BUILD_DIR)/src/zebtools --screenshot screenshots && \
+		echo "Screenshots are in $$(pwd)/screenshots/"; \
+	fi
+
+screenshots: build
+	@QT_QPA_PLATFORM=offscreen ZEBTOOLS_DATA_DIR=$$(mktemp -d) $(BUILD_DIR)/src/zebtools --screenshot docs/screenshots
+
+test: build
+	@ctest --preset default -j $(JOBS)
+
+# The core libraries' tests under AddressSanitizer and UBSan (no Qt).
+test-asan: deps
+	@cmake --preset asan >/dev/null
+	@cmake --build --preset asan -j $(JOBS)
+	@ctest --preset asan -j $(JOBS)
+
+bench: build
+	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+
+clean:
+	rm -rf build

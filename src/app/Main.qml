@@ -1,0 +1,61 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import ZebTools
+
+// The window: the four tools behind a tab bar, drawn in a 320 x 480 design
+// space that is scaled to fill any window, with the loading cover on top.
+ApplicationWindow {
+    id: window
+    required property Tools tools
+
+    width: 320
+    height: 480
+    minimumWidth: 240
+    minimumHeight: 360
+    visible: true
+    title: "ZebTools"
+    color: Theme.background
+
+    readonly property real designScale: Math.min(width / 320, height / 480)
+
+    Item {
+        id: design
+        width: window.width / window.designScale
+        height: window.height / window.designScale
+        scale: window.designScale
+        transformOrigin: Item.TopLeft
+
+        ColumnLayout {
+            anchors.fill: parent
+            spacing: 0
+            visible: window.tools.tabBarReady
+
+            StackLayout {
+                id: stacks
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                currentIndex: window.tools.currentTab
+
+                Repeater {
+                    model: window.tools.toolItems.length
+                    ToolStack {
+                        required property int index
+                        tools: window.tools
+                        tab: index
+                    }
+                }
+            }
+
+            ToolTabBar {
+                Layout.fillWidth: true
+                tools: window.tools
+            }
+        }
+
+        LoadingCover {
+            anchors.fill: parent
+            visible: window.tools.loading
+        }
+    }
+}

@@ -1,0 +1,121 @@
+#include "app/ZebToolsAppDelegate.h"
+
+#include <QGuiApplication>
+#include <QMetaObject>
+
+#include "app/ApplicationFacade.h"
+#include "app/ApplicationProxy.h"
+#include "app/Tools.h"
+#include "app/ToolsDelegate.h"
+#include "framework/Log.h"
+#include "framework/Paths.h"
+
+namespace zt {
+
+ZebToolsAppDelegate::ZebToolsAppDelegate(QObject* parent) : QObject(parent) {}
+
+ZebToolsAppDelegate::~ZebToolsAppDelegate() = default;
+
+void ZebToolsAppDelegate::launch() {
+    if (tools_)
+        return;
+    isMusicPause_ = mpPlayer_.pauseIfPlaying();
+    inBackGround_ = false;
+    analytics_.start(paths::dataDir() / "events.log", 10);
+    screenSaver_.inhibit();
+    toolItems_ = {"METRONOME", "CHROMATIC", "BRAIN", "CHORDS"};
+
+    tools_ = new Tools(this);
+    tools_->setAnalytics(&analytics_);
+    ApplicationFacade::getInstance().startup(tools_);
+
+    if (auto* app = qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
+        lastState_ = app->applicationState();
+        connect(app, &QGuiApplication::applicationStateChanged, this,
+                &ZebToolsAppDelegate::onApplicationStateChanged);
+    }
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            &ZebToolsAppDelegate::willTerminate);
+}
+
+int ZebToolsAppDelegate::selectedIndex() const {
+    return tools_ ? tools_->selectedIndex() : 0;
+}
+
+// Qt reports states, not transitions. A desktop window that loses focus keeps
+// running, like a phone application sent to the background, so "inactive"
+// counts as resigning and then entering the background; a running metronome
+// goes on sounding.
+void ZebToolsAppDelegate::onApplicationStateChanged(Qt::ApplicationState state) {
+    const Qt::ApplicationState previous = lastState_;
+    lastState_ = state;
+    if (state == previous)
+        return;
+    if (state == Qt::ApplicationActive) {
+        if (previous != Qt::ApplicationInactive)
+            willEnterForeground();
+        didBecomeActive();
+        return;
+    }
+    if (previous == Qt::ApplicationActive)
+        willResignActive();
+    if (!inBackGround_)
+        didEnterBackground();
+}
+
+bool ZebToolsAppDelegate::metronomeVisible() const {
+    if (!tools_)
+        return false;
+    const QString visible = tools_->visibleScreen();
+    return visible == QLatin1String("metronome") || visible == QLatin1String("metronomeSettings");
+}
+
+void ZebToolsAppDelegate::callMetronome(const char* method) {
+    QObject* metronome = tools_ ? tools_->screen("metronome") : nullptr;
+    if (!metronome)
+        return;
+    const QByteArray signature = QByteArray(method) + "()";
+    if (metronome->metaObject()->indexOfMethod(signature.constData()) >= 0) {
+        QMetaObject::invokeMethod(metronome, method);
+    }
+}
+
+void ZebToolsAppDelegate::willResignActive() {
+    inBackGround_ = false;
+    if (metronomeVisible())
+        callMetronome("endMetronome");
+}
+
+void ZebToolsAppDelegate::didEnterBackground() {
+    inBackGround_ = true;
+    if (metronomeVisible())
+        callMetronome("runMetronome");
+}
+
+void ZebToolsAppDelegate::didBecomeActive() {
+    if (!inBackGround_)
+        return;
+    if (tools_ && tools_->delegate())
+        tools_->delegate()->registerRateAlert();
+    inBackGround_ = false;
+}
+
+void ZebToolsAppDelegate::willTerminate() {
+    if (terminated_)
+        return;
+    terminated_ = true;
+    log("Will terminate");
+    log("someController = " + std::to_string(selectedIndex()));
+    if (isMusicPause_) {
+        mpPlayer_.resume();
+        isMusicPause_ = false;
+    }
+    screenSaver_.release();
+    if (auto proxy = ApplicationFacade::getInstance().retrieveProxyAs<ApplicationProxy>(
+            ApplicationProxy::NAME)) {
+        proxy->saveActiveTabIndex(selectedIndex());
+    }
+    analytics_.stop();
+}
+
+}  // namespace zt

@@ -1,0 +1,103 @@
+// ZebTools: metronome, tuners and chords for guitarists.
+
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QStandardPaths>
+#include <QTimer>
+#include <cstdlib>
+
+#include "app/QtMainLoop.h"
+#include "app/ScreenshotRunner.h"
+#include "app/Tools.h"
+#include "app/ZebToolsAppDelegate.h"
+#include "framework/Log.h"
+#include "framework/Paths.h"
+
+Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)
+
+int main(int argc, char* argv[]) {
+    QCoreApplication::setOrganizationName("zebtools");
+    QCoreApplication::setApplicationName("zebtools");
+    QCoreApplication::setApplicationVersion("0.1.0");
+
+    const bool headless = qEnvironmentVariable("QT_QPA_PLATFORM") == QLatin1String("offscreen");
+    if (headless)
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+
+    QGuiApplication app(argc, argv);
+    QGuiApplication::setApplicationDisplayName("ZebTools");
+    QQuickStyle::setStyle("Basic");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        "ZebTools: metronome, chromatic tuner, by-ear tuner and chords.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    QCommandLineOption screenshotOption("screenshot",
+                                        "Render each tool to a PNG in <dir> and quit.", "dir");
+    QCommandLineOption quitWhenLoadedOption("quit-when-loaded",
+                                            "Quit as soon as the sounds have loaded (for tests).");
+    QCommandLineOption selectTabOption(
+        "select-tab", "Once loaded, choose tab <index> as a touch would (for tests).", "index");
+    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption});
+    parser.process(app);
+
+    if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR")) {
+        const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+        if (!dir.isEmpty())
+            zt::paths::setDataDir(dir.toStdString());
+    }
+    QDir().mkpath(QString::fromStdString(zt::paths::dataDir().string()));
+
+    zt::QtMainLoop mainLoop;
+    zt::MainLoop::install(&mainLoop);
+
+    zt::ZebToolsAppDelegate delegate;
+    delegate.launch();
+    zt::Tools* tools = delegate.tools();
+
+    QQmlApplicationEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/"));
+    engine.setInitialProperties({{"tools", QVariant::fromValue(tools)}});
+    engine.load(QUrl(QStringLiteral("qrc:/ZebTools/app/Main.qml")));
+    if (engine.rootObjects().isEmpty()) {
+        zt::log("The main view could not be loaded");
+        return 1;
+    }
+    auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
+
+    auto whenLoaded = [tools](std::function<void()> action) {
+        if (!tools->loading()) {
+            QTimer::singleShot(0, std::move(action));
+            return;
+        }
+        QObject::connect(tools, &zt::Tools::loadingChanged, tools, [tools, action] {
+            if (!tools->loading())
+                QTimer::singleShot(0, action);
+        });
+    };
+
+    if (parser.isSet(screenshotOption)) {
+        auto* runner =
+            new zt::ScreenshotRunner(window, tools, parser.value(screenshotOption), &app);
+        whenLoaded([runner] { runner->start(); });
+    } else {
+        if (parser.isSet(selectTabOption)) {
+            const int tab = parser.value(selectTabOption).toInt();
+            whenLoaded([tools, tab] { tools->selectTab(tab); });
+        }
+        if (parser.isSet(quitWhenLoadedOption)) {
+            whenLoaded([] { QTimer::singleShot(200, qApp, &QCoreApplication::quit); });
+        }
+    }
+
+    const int status = app.exec();
+    zt::MainLoop::install(nullptr);
+    return status;
+}

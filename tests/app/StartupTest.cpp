@@ -1,0 +1,117 @@
+// Start-up as the application runs it: the facade's command table, the
+// registrations in their fixed order, the saved settings they read, and the
+// cover lifting once the sound bank has loaded.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "app/ApplicationFacade.h"
+#include "app/ApplicationProxy.h"
+#include "app/Tools.h"
+#include "framework/Log.h"
+#include "framework/ManualLoop.h"
+#include "framework/View.h"
+#include "sound/MediaProxy.h"
+#include "state/StateProxy.h"
+#include "tuners/SettingsProxy.h"
+
+using namespace zt;
+
+namespace {
+
+class StartupTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Facade::reset();
+        dataDir_ =
+            std::filesystem::temp_directory_path() / ("zt-startup-" + std::to_string(::getpid()));
+        std::filesystem::remove_all(dataDir_);
+        std::filesystem::create_directories(dataDir_);
+        ::setenv("ZEBTOOLS_DATA_DIR", dataDir_.c_str(), 1);
+        ::setenv("ALSOFT_DRIVERS", "null", 1);
+        MainLoop::install(&loop_);
+        setLogQuiet(true);
+    }
+    void TearDown() override {
+        Facade::reset();
+        MainLoop::install(nullptr);
+        std::filesystem::remove_all(dataDir_);
+    }
+
+    std::filesystem::path dataDir_;
+    ManualLoop loop_;
+};
+
+// Records, for each notification it sees, which proxies and mediators were
+// registered at that moment.
+struct Probe {
+    std::vector<std::string> seen;
+    void watch(const std::string& name, std::function<std::string()> describe) {
+        View::getInstance().registerObserver(name, Observer::withNotifyMethod(
+                                                       [this, name, describe](const Notification&) {
+                                                           seen.push_back(name + describe());
+                                                       },
+                                                       this));
+    }
+};
+
+}  // namespace
+
+TEST_F(StartupTest, CommandTableHasEveryBuiltCommand) {
+    auto& facade = ApplicationFacade::getInstance();
+    for (const char* name :
+         {"Startup", "SaveMetronomeState", "SaveBrainTunerState", "SaveChromaticTunerState",
+          "SaveChordsLibraryState", "SaveCommonState", "GetMetronomeSavedData",
+          "GetBrainTunerSavedData", "GetChromaticTunerSavedData", "GetChordsLibrarySavedData",
+          "GetCommonState"}) {
+        EXPECT_TRUE(facade.hasCommand(name)) << name;
+    }
+}
+
+TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
+    auto& facade = ApplicationFacade::getInstance();
+    std::filesystem::copy_file(std::filesystem::path(ZEBTOOLS_SOURCE_DATA_DIR) / "saveState.plist",
+                               dataDir_ / "saveState.plist");
+    {
+        auto proxy = makeProxy<StateProxy>();
+        proxy->saveCommonState({{"Tuning", 27}});
+        proxy->saveSelectedViewController(2);
+    }
+    Probe probe;
+    auto registered = [&facade] {
+        std::string s;
+        for (const char* p : {"ApplicationProxy", "StateProxy", "SettingsProxy", "MediaProxy"}) {
+            s += facade.hasProxy(p) ? std::string(" ") + p : "";
+        }
+        for (const char* m : {"ToolsMediator", "CommonSettingsMediator"}) {
+            s += facade.hasMediator(m) ? std::string(" ") + m : "";
+        }
+        return s;
+    };
+    auto tuning = [&facade] {
+        auto settings = facade.retrieveProxyAs<SettingsProxy>(SettingsProxy::NAME);
+        return " tuning=" +
+               (settings ? std::to_string(settings->getTuningNumber()) : std::string("-"));
+    };
+    probe.watch("ShowContest", registered);
+    probe.watch("ActiveTabIndexReady", [&] { return registered() + tuning(); });
+
+    Tools tools;
+    facade.startup(&tools);
+
+    EXPECT_EQ(
+        probe.seen,
+        (std::vector<std::string>{
+            "ShowContest",
+            "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy tuning=27",
+            "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
+            "ToolsMediator tuning=27"}));
+    EXPECT_TRUE(facade.hasMediator("CommonSettingsMediator"));
+    EXPECT_TRUE(tools.tabBarReady());
+    EXPECT_EQ(tools.currentTab(), 2);
+
+    auto media = facade.retrieveProxyAs<MediaProxy>(MediaProxy::NAME);
+    ASSERT_TRUE(loop_.runUntil([&] { return !tools.loading(); }, std::chrono::seconds(20)));
+    EXPECT_TRUE(media->isBuffersLoaded());
+}

@@ -1,0 +1,166 @@
+// The shell's routing table, tab bar and loading cover, driven through
+// notifications as the rest of the program drives them.
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <filesystem>
+#include <fstream>
+
+#include "app/AnalyticsLog.h"
+#include "app/ApplicationProxy.h"
+#include "app/Tools.h"
+#include "app/ToolsMediator.h"
+#include "framework/Facade.h"
+#include "framework/Log.h"
+
+using namespace zt;
+
+namespace {
+
+class ToolsShellTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Facade::reset();
+        dataDir_ = std::filesystem::temp_directory_path() /
+                   ("zt-shell-" + std::to_string(::getpid()) + "-" +
+                    ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::remove_all(dataDir_);
+        std::filesystem::create_directories(dataDir_);
+        ::setenv("ZEBTOOLS_DATA_DIR", dataDir_.c_str(), 1);
+        setLogQuiet(true);
+        setLogSink([this](const std::string& line) { logLines_.push_back(line); });
+    }
+    void TearDown() override {
+        setLogSink({});
+        Facade::reset();
+        std::filesystem::remove_all(dataDir_);
+    }
+
+    // Registers the application proxy and the shell's mediator, as start-up does.
+    void startShell() {
+        auto& facade = Facade::getInstance();
+        facade.registerProxy(makeProxy<ApplicationProxy>());
+        facade.retrieveProxyAs<ApplicationProxy>(ApplicationProxy::NAME)->readActiveTabIndex();
+        facade.registerMediator(makeMediator<ToolsMediator>(&tools_, &analytics_));
+    }
+
+    std::filesystem::path dataDir_;
+    std::vector<std::string> logLines_;
+    Tools tools_;
+    AnalyticsLog analytics_;
+};
+
+struct Route {
+    const char* notification;
+    int tab;
+    const char* screen;
+};
+
+}  // namespace
+
+TEST_F(ToolsShellTest, EveryShowRoutePushesOntoTheStackThatHoldsItsScreen) {
+    startShell();
+    const std::vector<Route> routes = {
+        {"ShowMetronomeSettings", 0, "metronomeSettings"},
+        {"ShowTunerChromaticSettings", 1, "tunerChromaticSettings"},
+        {"ShowTunerChromaticTaper", 1, "tunerChromaticTaper"},
+        {"ShowOrchestra", 1, "orchestraControl"},
+        {"ShowMicrophoneCalibrating", 1, "microphoneCalibrating"},
+        {"ShowTunerChromaticTuning", 1, "commonSettings"},
+        {"ShowTunerBrainSettings", 2, "tunerBrainSettings"},
+        {"ShowTunerBrainTuning", 2, "commonSettings"},
+        {"ShowChordsLibrarySettings", 3, "chordsLibrarySettings"},
+        {"ShowChordsTuning", 3, "commonSettings"},
+    };
+    for (const Route& route : routes) {
+        const int depth = tools_.stack(route.tab).size();
+        Facade::getInstance().sendNotification(route.notification);
+        const QStringList stack = tools_.stack(route.tab);
+        ASSERT_EQ(stack.size(), depth + 1) << route.notification;
+        EXPECT_EQ(stack.last().toStdString(), route.screen) << route.notification;
+    }
+    // The same tunings screen sits on three stacks at once.
+    EXPECT_EQ(tools_.stack(1).last(), "commonSettings");
+    EXPECT_EQ(tools_.stack(2).last(), "commonSettings");
+    EXPECT_EQ(tools_.stack(3).last(), "commonSettings");
+    EXPECT_NE(std::find(logLines_.begin(), logLines_.end(), "NOTIFICATION: ShowOrchestra"),
+              logLines_.end());
+
+    tools_.goBack(3);
+    EXPECT_EQ(tools_.stack(3), QStringList({"chordsLibrary", "chordsLibrarySettings"}));
+    tools_.goBack(0);
+    tools_.goBack(0);
+    EXPECT_EQ(tools_.stack(0), QStringList({"metronome"}));
+}
+
+TEST_F(ToolsShellTest, EmptyActionsChangeNothingAndShowTunerBrainSelectsTab2) {
+    startShell();
+    for (const char* name : {"ShowMetronome", "ShowChordsLibrary", "ShowHowToEnter"}) {
+        Facade::getInstance().sendNotification(name);
+    }
+    for (int tab = 0; tab < 4; ++tab)
+        EXPECT_EQ(tools_.stack(tab).size(), 1);
+    EXPECT_EQ(tools_.currentTab(), 0);
+    Facade::getInstance().sendNotification("ShowTunerBrain");
+    EXPECT_EQ(tools_.currentTab(), 2);
+}
+
+TEST_F(ToolsShellTest, CoverLiftsOnceAndOnlyAfterTheTabBarExists) {
+    QSignalSpy lifted(&tools_, &Tools::loadingChanged);
+    auto& facade = Facade::getInstance();
+    // Loading finished before the shell listened: nobody lifts the cover yet.
+    facade.sendNotification("LoadSoundBuffersComplete");
+    EXPECT_TRUE(tools_.loading());
+    startShell();
+    EXPECT_TRUE(tools_.tabBarReady());
+    facade.sendNotification("LoadSoundBuffersComplete");
+    facade.sendNotification("LoadSoundBuffersComplete");
+    EXPECT_FALSE(tools_.loading());
+    EXPECT_EQ(lifted.count(), 1);
+    EXPECT_EQ(std::count(logLines_.begin(), logLines_.end(), "Buffers was loaded"), 1);
+}
+
+TEST_F(ToolsShellTest, SavedTabIsOpenedAndMissingOrOddValuesOpenTheMetronome) {
+    struct Case {
+        const char* file;
+        int tab;
+    };
+    const std::vector<Case> cases = {
+        {"<dict><key>SelectedViewController</key><integer>3</integer></dict>", 3},
+        {"<dict><key>SelectedViewController</key><integer>9</integer></dict>", 0},
+        {"<dict><key>Other</key><integer>1</integer></dict>", 0},
+    };
+    for (const Case& c : cases) {
+        Facade::reset();
+        std::ofstream(dataDir_ / "saveState.plist")
+            << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" << c.file
+            << "</plist>\n";
+        Tools tools;
+        auto& facade = Facade::getInstance();
+        facade.registerProxy(makeProxy<ApplicationProxy>());
+        facade.retrieveProxyAs<ApplicationProxy>(ApplicationProxy::NAME)->readActiveTabIndex();
+        facade.registerMediator(makeMediator<ToolsMediator>(&tools, nullptr));
+        EXPECT_EQ(tools.currentTab(), c.tab) << c.file;
+        EXPECT_EQ(tools.selectedIndex(), c.tab) << c.file;
+    }
+}
+
+TEST_F(ToolsShellTest, TabChangesAreRecordedLocallyOrLoggedWhenRecordingFails) {
+    startShell();
+    tools_.selectTab(3);
+    EXPECT_NE(std::find(logLines_.begin(), logLines_.end(), "Error analitics - ChordsLibrary"),
+              logLines_.end());
+
+    analytics_.start(dataDir_ / "events.log", 10);
+    for (int tab : {1, 2, 0})
+        tools_.selectTab(tab);
+    std::ifstream in(dataDir_ / "events.log");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line.substr(line.find('\t') + 1));
+    EXPECT_EQ(lines,
+              (std::vector<std::string>{"General\tOpen_ChromaticTuner\tOpen_ChromaticTuner\t-1",
+                                        "General\tOpen_BrainTuner\tOpen_BrainTuner\t-1",
+                                        "General\tOpen_Metronome\tOpen_Metronome\t-1"}));
+    EXPECT_EQ(tools_.selectedIndex(), 0);
+}
