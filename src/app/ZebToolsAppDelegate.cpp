@@ -32,7 +32,7 @@ void ZebToolsAppDelegate::launch() {
     if (auto* app = qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         lastState_ = app->applicationState();
         connect(app, &QGuiApplication::applicationStateChanged, this,
-                &ZebToolsAppDelegate::onApplicationStateChanged);
+                &ZebToolsAppDelegate::applicationStateChanged);
     }
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             &ZebToolsAppDelegate::willTerminate);
@@ -46,7 +46,7 @@ int ZebToolsAppDelegate::selectedIndex() const {
 // running, like a phone application sent to the background, so "inactive"
 // counts as resigning and then entering the background; a running metronome
 // goes on sounding.
-void ZebToolsAppDelegate::onApplicationStateChanged(Qt::ApplicationState state) {
+void ZebToolsAppDelegate::applicationStateChanged(Qt::ApplicationState state) {
     const Qt::ApplicationState previous = lastState_;
     lastState_ = state;
     if (state == previous)

@@ -25,6 +25,9 @@ public:
     // builds the shell and starts the facade. Run once.
     void launch();
 
+    // Maps a change of Qt's application state to the handlers below.
+    void applicationStateChanged(Qt::ApplicationState state);
+
     void willResignActive();
     void didEnterBackground();
     void willEnterForeground() {}
@@ -39,7 +42,6 @@ public:
     bool isMusicPause() const { return isMusicPause_; }
 
 private:
-    void onApplicationStateChanged(Qt::ApplicationState state);
     bool metronomeVisible() const;
     void callMetronome(const char* method);
 
