@@ -6,6 +6,11 @@
 
 namespace zt {
 
+// The packs' ids and the bank's file list must agree.
+static_assert(clickSoundsForPack(1).tick == SoundBank::clickSoundId(1, SoundBank::Click::Tick));
+static_assert(clickSoundsForPack(SoundBank::kPackCount).subtick == SoundBank::kLastId);
+static_assert(kLastPackNumber == SoundBank::kPackCount);
+
 bool ClickSet::loadPack(int packNumber, int sampleRate, std::string& error) {
     const ClickSounds ids = clickSoundsForPack(packNumber);
     const SoundDecoder decoder(sampleRate);
