@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls.Basic
 import ZebTools
@@ -11,7 +12,7 @@ Page {
     required property string key
     required property int depth
 
-    readonly property QtObject screen: tools.screen(key)
+    readonly property var screen: tools.screen(key)
     // Views of the screens that have one; the others show their title.
     readonly property var views: ({
         "commonSettings": "qrc:/ZebTools/tuners/CommonSettingsView.qml"
