@@ -6,6 +6,7 @@
 #include <QObject>
 #include <filesystem>
 
+#include "AppTestEnvironment.h"
 #include "app/ApplicationFacade.h"
 #include "app/Tools.h"
 #include "app/ZebToolsAppDelegate.h"
@@ -25,20 +26,15 @@ public:
     QStringList calls;
     Q_INVOKABLE void endMetronome() { calls << "end"; }
     Q_INVOKABLE void runMetronome() { calls << "run"; }
-    Q_INVOKABLE void setTabBarIsVisible(bool visible) { calls << (visible ? "tabbar" : "notabbar"); }
+    Q_INVOKABLE void setTabBarIsVisible(bool visible) {
+        calls << (visible ? "tabbar" : "notabbar");
+    }
 };
 
-class LifeCycleTest : public ::testing::Test {
+class LifeCycleTest : public AppTestEnvironment {
 protected:
     void SetUp() override {
-        Facade::reset();
-        dataDir_ = std::filesystem::temp_directory_path() / ("zt-life-" + std::to_string(::getpid()));
-        std::filesystem::remove_all(dataDir_);
-        std::filesystem::create_directories(dataDir_);
-        ::setenv("ZEBTOOLS_DATA_DIR", dataDir_.c_str(), 1);
-        ::setenv("ALSOFT_DRIVERS", "null", 1);
-        MainLoop::install(&loop_);
-        setLogQuiet(true);
+        AppTestEnvironment::SetUp();
         delegate_.launch();
         recorder_ = new MetronomeRecorder;
         delegate_.tools()->setScreen("metronome", recorder_);
@@ -46,14 +42,7 @@ protected:
             "InitRateAlertView",
             Observer::withNotifyMethod([this](const Notification&) { ++ratePrompts_; }, this));
     }
-    void TearDown() override {
-        Facade::reset();
-        MainLoop::install(nullptr);
-        std::filesystem::remove_all(dataDir_);
-    }
 
-    std::filesystem::path dataDir_;
-    ManualLoop loop_;
     ZebToolsAppDelegate delegate_;
     MetronomeRecorder* recorder_ = nullptr;
     int ratePrompts_ = 0;

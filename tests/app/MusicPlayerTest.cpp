@@ -41,8 +41,9 @@ public slots:
 bool publish(QObject* object, const QString& service, const QString& path) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     return bus.registerService(service) &&
-           bus.registerObject(path, object,
-                              QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+           bus.registerObject(
+               path, object,
+               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "AppTestEnvironment.h"
 #include "app/ApplicationFacade.h"
 #include "app/ApplicationProxy.h"
 #include "app/Tools.h"
@@ -20,27 +21,8 @@ using namespace zt;
 
 namespace {
 
-class StartupTest : public ::testing::Test {
+class StartupTest : public AppTestEnvironment {
 protected:
-    void SetUp() override {
-        Facade::reset();
-        dataDir_ =
-            std::filesystem::temp_directory_path() / ("zt-startup-" + std::to_string(::getpid()));
-        std::filesystem::remove_all(dataDir_);
-        std::filesystem::create_directories(dataDir_);
-        ::setenv("ZEBTOOLS_DATA_DIR", dataDir_.c_str(), 1);
-        ::setenv("ALSOFT_DRIVERS", "null", 1);
-        MainLoop::install(&loop_);
-        setLogQuiet(true);
-    }
-    void TearDown() override {
-        Facade::reset();
-        MainLoop::install(nullptr);
-        std::filesystem::remove_all(dataDir_);
-    }
-
-    std::filesystem::path dataDir_;
-    ManualLoop loop_;
 };
 
 // Records, for each notification it sees, which proxies and mediators were

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "AppTestEnvironment.h"
 #include "app/AnalyticsLog.h"
 #include "app/ApplicationProxy.h"
 #include "app/Tools.h"
@@ -17,25 +18,8 @@ using namespace zt;
 
 namespace {
 
-class ToolsShellTest : public ::testing::Test {
+class ToolsShellTest : public AppTestEnvironment {
 protected:
-    void SetUp() override {
-        Facade::reset();
-        dataDir_ = std::filesystem::temp_directory_path() /
-                   ("zt-shell-" + std::to_string(::getpid()) + "-" +
-                    ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::remove_all(dataDir_);
-        std::filesystem::create_directories(dataDir_);
-        ::setenv("ZEBTOOLS_DATA_DIR", dataDir_.c_str(), 1);
-        setLogQuiet(true);
-        setLogSink([this](const std::string& line) { logLines_.push_back(line); });
-    }
-    void TearDown() override {
-        setLogSink({});
-        Facade::reset();
-        std::filesystem::remove_all(dataDir_);
-    }
-
     // Registers the application proxy and the shell's mediator, as start-up does.
     void startShell() {
         auto& facade = Facade::getInstance();
@@ -44,8 +28,6 @@ protected:
         facade.registerMediator(makeMediator<ToolsMediator>(&tools_, &analytics_));
     }
 
-    std::filesystem::path dataDir_;
-    std::vector<std::string> logLines_;
     Tools tools_;
     AnalyticsLog analytics_;
 };
@@ -83,8 +65,7 @@ TEST_F(ToolsShellTest, EveryShowRoutePushesOntoTheStackThatHoldsItsScreen) {
     EXPECT_EQ(tools_.stack(1).last(), "commonSettings");
     EXPECT_EQ(tools_.stack(2).last(), "commonSettings");
     EXPECT_EQ(tools_.stack(3).last(), "commonSettings");
-    EXPECT_NE(std::find(logLines_.begin(), logLines_.end(), "NOTIFICATION: ShowOrchestra"),
-              logLines_.end());
+    EXPECT_TRUE(logged("NOTIFICATION: ShowOrchestra"));
 
     tools_.goBack(3);
     EXPECT_EQ(tools_.stack(3), QStringList({"chordsLibrary", "chordsLibrarySettings"}));
@@ -148,8 +129,7 @@ TEST_F(ToolsShellTest, SavedTabIsOpenedAndMissingOrOddValuesOpenTheMetronome) {
 TEST_F(ToolsShellTest, TabChangesAreRecordedLocallyOrLoggedWhenRecordingFails) {
     startShell();
     tools_.selectTab(3);
-    EXPECT_NE(std::find(logLines_.begin(), logLines_.end(), "Error analitics - ChordsLibrary"),
-              logLines_.end());
+    EXPECT_TRUE(logged("Error analitics - ChordsLibrary"));
 
     analytics_.start(dataDir_ / "events.log", 10);
     for (int tab : {1, 2, 0})

@@ -1,0 +1,46 @@
+#pragma once
+// A fresh program state for each test: the framework's singletons reset, a
+// private data folder, no audio device, the test's own main loop and a
+// record of the debug log.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "framework/Facade.h"
+#include "framework/Log.h"
+#include "framework/ManualLoop.h"
+
+class AppTestEnvironment : public ::testing::Test {
+protected:
+    void SetUp() override {
+        zt::Facade::reset();
+        dataDir_ = std::filesystem::temp_directory_path() /
+                   ("zt-app-" + std::to_string(::getpid()) + "-" +
+                    ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::remove_all(dataDir_);
+        std::filesystem::create_directories(dataDir_);
+        ::setenv("ZEBTOOLS_DATA_DIR", dataDir_.c_str(), 1);
+        ::setenv("ALSOFT_DRIVERS", "null", 1);
+        zt::MainLoop::install(&loop_);
+        zt::setLogQuiet(true);
+        zt::setLogSink([this](const std::string& line) { logLines_.push_back(line); });
+    }
+    void TearDown() override {
+        zt::setLogSink({});
+        zt::Facade::reset();
+        zt::MainLoop::install(nullptr);
+        std::filesystem::remove_all(dataDir_);
+    }
+
+    bool logged(const std::string& line) const {
+        return std::find(logLines_.begin(), logLines_.end(), line) != logLines_.end();
+    }
+
+    std::filesystem::path dataDir_;
+    zt::ManualLoop loop_;
+    std::vector<std::string> logLines_;
+};
