@@ -64,6 +64,8 @@ public:
     void endMetronome();
     // Resume after a pause.
     void runMetronome();
+    // Forgets a pause, so that runMetronome no longer resumes it.
+    void forgetPause() { isPaused_ = false; }
     bool isPlaying() const { return isPlaying_; }
     bool isPaused() const { return isPaused_; }
 

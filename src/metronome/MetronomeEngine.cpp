@@ -12,6 +12,8 @@ MetronomeEngine::MetronomeEngine(int sampleRate, const ClickBank& bank)
 void MetronomeEngine::reset() {
     while (commands_.pop()) {
     }
+    while (beats_.pop()) {
+    }
     logic_ = TickLogic{};
     pendingStart_.reset();
     mixer_.stopAll();
@@ -121,8 +123,12 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
             tick = logic_.subTick();
             nextSubdivisionFrame_ = subdivisionGrid_.frameOf(++subdivisionIndex_);
         }
-        if (tick.soundId != 0)
+        if (tick.soundId != 0) {
             mixer_.play(tick.group, bank_.get(tick.soundId));
+            // When nobody takes them the queue is full and beats are skipped.
+            if (beat)
+                beats_.push({at, tick.soundId == logic_.sounds().tock});
+        }
         if (tick.runEnded && pendingStart_) {
             beginRun(at, *pendingStart_);
             pendingStart_.reset();

@@ -33,6 +33,14 @@ namespace zt {
 
 class MetronomeEngine : public MetronomeOutput {
 public:
+    // A beat click as rendered: its frame on the stream clock and whether it
+    // was the accent. Rendering runs ahead of what is heard by the stream's
+    // buffering.
+    struct RenderedBeat {
+        std::int64_t frame = 0;
+        bool accented = false;
+    };
+
     // sampleRate of the stream in hertz.
     explicit MetronomeEngine(int sampleRate, const ClickBank& bank = {});
 
@@ -56,6 +64,10 @@ public:
     // running bar carries on from where the last block ended.
     void render(float* out, int frames, std::int64_t firstFrame);
 
+    // Control thread: the oldest rendered beat not yet taken. Beats are kept
+    // only while there is room, so take them regularly while a run plays.
+    std::optional<RenderedBeat> takeRenderedBeat() { return beats_.pop(); }
+
     // Any thread, as of the last rendered block: a run is playing or finishing.
     bool isRunning() const { return running_.load(std::memory_order_acquire); }
     // Any thread, as of the last rendered block: no run and no click ringing.
@@ -77,6 +89,7 @@ private:
     ClickBank bank_;
     ClickMixer mixer_;
     SpscQueue<Command, 64> commands_;
+    SpscQueue<RenderedBeat, 64> beats_;
 
     // Render thread state.
     TickLogic logic_;

@@ -4,9 +4,16 @@
 // render; MetronomePlayer puts that engine on the sound card. Calls come from
 // one control thread and return at once.
 
+#include <optional>
+
 #include "metronome/MetronomeSetup.h"
 
 namespace zt {
+
+// A beat click (not a subdivision) that has just reached the speaker.
+struct HeardBeat {
+    bool accented = false;  // the accented first beat of a bar
+};
 
 class MetronomeOutput {
 public:
@@ -21,6 +28,11 @@ public:
     // Change the sound of the running bar from its next tick on.
     virtual void setCurrentPack(int packNumber) = 0;
     virtual void setIsFirstBeatNeed(bool need) = 0;
+
+    // The newest beat heard since the last call, if any; beats heard long
+    // before the call are not reported. An output that cannot tell when its
+    // clicks are heard reports none.
+    virtual std::optional<HeardBeat> takeHeardBeat() { return std::nullopt; }
 };
 
 }  // namespace zt

@@ -27,6 +27,7 @@ bool MetronomePlayer::ensureStream() {
     }
     engine_.setClickBank(bank);
     engine_.reset();
+    nextBeat_.reset();
     streaming_ = sound_.startStream(this);
     if (!streaming_ && !reportedNoDevice_) {
         log("metronome: no sound output; it runs silently");
@@ -55,6 +56,25 @@ void MetronomePlayer::setCurrentPack(int packNumber) {
 void MetronomePlayer::setIsFirstBeatNeed(bool need) {
     if (streaming_)
         engine_.setIsFirstBeatNeed(need);
+}
+
+std::optional<HeardBeat> MetronomePlayer::takeHeardBeat() {
+    if (!streaming_)
+        return std::nullopt;
+    // A beat heard more than this long ago is stale news for a beat light.
+    const std::int64_t staleFrames = sound_.streamSampleRate() / 10;
+    const std::int64_t heard = sound_.streamPosition();
+    std::optional<HeardBeat> latest;
+    while (true) {
+        if (!nextBeat_)
+            nextBeat_ = engine_.takeRenderedBeat();
+        if (!nextBeat_ || nextBeat_->frame > heard)
+            break;
+        if (heard - nextBeat_->frame <= staleFrames)
+            latest = HeardBeat{nextBeat_->accented};
+        nextBeat_.reset();
+    }
+    return latest;
 }
 
 void MetronomePlayer::releaseStreamWhenSilent() {

@@ -30,6 +30,8 @@ public:
     void stop() override;
     void setCurrentPack(int packNumber) override;
     void setIsFirstBeatNeed(bool need) override;
+    // Compares the rendered beats with the stream's played position.
+    std::optional<HeardBeat> takeHeardBeat() override;
 
     // Stops the stream when the metronome is stopped and silent, so that an
     // idle metronome costs nothing. Call now and then from the control thread.
@@ -47,6 +49,8 @@ private:
     bool streaming_ = false;
     bool playing_ = false;
     bool reportedNoDevice_ = false;
+    // A rendered beat taken from the engine and not heard yet.
+    std::optional<MetronomeEngine::RenderedBeat> nextBeat_;
 };
 
 }  // namespace zt
