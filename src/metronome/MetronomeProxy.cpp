@@ -1,0 +1,196 @@
+#include "metronome/MetronomeProxy.h"
+
+#include <locale>
+#include <string_view>
+
+#include "framework/Log.h"
+#include "framework/Paths.h"
+#include "state/AtomicFile.h"
+#include "state/PlistFile.h"
+
+namespace zt {
+
+namespace {
+
+// Lower-case mapping for the whole of Unicode where the C library has one
+// ("Été" and "éTÉ" are the same title); plain ASCII otherwise.
+const std::ctype<wchar_t>* unicodeCase() {
+    static const std::ctype<wchar_t>* facet = []() -> const std::ctype<wchar_t>* {
+        try {
+            static const std::locale utf8("C.UTF-8");
+            return &std::use_facet<std::ctype<wchar_t>>(utf8);
+        } catch (const std::exception&) {
+            return nullptr;
+        }
+    }();
+    return facet;
+}
+
+// Bytes in the UTF-8 sequence that lead starts; 0 when lead cannot start one.
+std::size_t sequenceLength(unsigned char lead) {
+    if (lead < 0x80)
+        return 1;
+    if ((lead >> 5) == 0x6)
+        return 2;
+    if ((lead >> 4) == 0xE)
+        return 3;
+    if ((lead >> 3) == 0x1E)
+        return 4;
+    return 0;
+}
+
+// Decodes UTF-8 and lowers each character. Bytes that are not UTF-8 stay
+// distinct (mapped into the surrogate range, which no character uses).
+std::u32string foldCase(std::string_view text) {
+    std::u32string out;
+    out.reserve(text.size());
+    const auto* facet = unicodeCase();
+    for (std::size_t i = 0; i < text.size();) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        const std::size_t length = sequenceLength(lead);
+        // The lead byte's payload: the bits below its length marker.
+        char32_t c = length <= 1 ? lead : lead & (0x7F >> length);
+        bool valid = length > 0 && i + length <= text.size();
+        for (std::size_t k = 1; valid && k < length; ++k) {
+            const auto next = static_cast<unsigned char>(text[i + k]);
+            valid = (next & 0xC0) == 0x80;
+            c = (c << 6) | (next & 0x3F);
+        }
+        if (!valid) {
+            out.push_back(0xDC00 + lead);
+            ++i;
+            continue;
+        }
+        if (facet && sizeof(wchar_t) == sizeof(char32_t))
+            c = static_cast<char32_t>(facet->tolower(static_cast<wchar_t>(c)));
+        else if (c >= 'A' && c <= 'Z')
+            c += 'a' - 'A';
+        out.push_back(c);
+        i += length;
+    }
+    return out;
+}
+
+bool hasVersion(const Value& root) {
+    return root.isArray() && !root.array().empty() && root.array()[0].isString() &&
+           root.array()[0].toString() == MetronomeProxy::kVersion;
+}
+
+const Dictionary* asPreset(const Value& element) {
+    return element.isDictionary() ? &element.dictionary() : nullptr;
+}
+
+}  // namespace
+
+std::filesystem::path MetronomeProxy::presetsListPath() {
+    return paths::dataDir() / "presetsList.plist";
+}
+
+void MetronomeProxy::createPresetsListFile() {
+    const auto path = presetsListPath();
+    if (file::ensureDirectory(path.parent_path()) &&
+        plist::writeFile(path, Array{Value(kVersion)})) {
+        log("presetList created");
+    }
+}
+
+void MetronomeProxy::loadPresetsArray() {
+    const auto path = presetsListPath();
+    presetsArray_ = Array{Value(kVersion)};
+    canWrite_ = true;
+
+    auto content = plist::readFile(path, plist::RootKind::Array);
+    if (content.status == plist::FileStatus::Missing) {
+        createPresetsListFile();
+        content = plist::readFile(path, plist::RootKind::Array);
+        if (content.status == plist::FileStatus::Missing)
+            return;
+    }
+    if (content.status == plist::FileStatus::Ok && hasVersion(content.root)) {
+        presetsArray_ = std::move(content.root.array());
+        return;
+    }
+    if (content.status == plist::FileStatus::Unreadable) {
+        canWrite_ = false;
+        log("presets are not available: " + path.string() +
+            " cannot be read; presets made now are not saved");
+        return;
+    }
+    // Not a property list, or not a versioned preset array.
+    const auto aside = file::keepAside(path, "corrupt");
+    if (!aside) {
+        canWrite_ = false;
+        log("presets are not available: " + path.string() +
+            " is damaged and could not be moved aside");
+        return;
+    }
+    log("warning: " + path.string() + " is damaged; kept as " + aside->string() +
+        " and replaced by an empty preset list");
+    createPresetsListFile();
+}
+
+void MetronomeProxy::saveCurrentState(const Dictionary& preset) {
+    presetsArray_.emplace_back(preset);
+    write();
+}
+
+void MetronomeProxy::removePresetWithIndex(int index) {
+    if (!isPresetIndex(index)) {
+        log("no preset " + std::to_string(index) + " to remove");
+        return;
+    }
+    presetsArray_.erase(presetsArray_.begin() + index);
+    write();
+}
+
+Dictionary MetronomeProxy::presetAtIndex(int index) const {
+    if (!isPresetIndex(index))
+        return {};
+    const Dictionary* preset = asPreset(presetsArray_[static_cast<std::size_t>(index)]);
+    return preset ? *preset : Dictionary{};
+}
+
+std::string MetronomeProxy::presetNameForIndex(int index) const {
+    if (!isPresetIndex(index))
+        return {};
+    const Dictionary* preset = asPreset(presetsArray_[static_cast<std::size_t>(index)]);
+    return preset ? valueFor(*preset, "name").toString() : std::string();
+}
+
+bool MetronomeProxy::containPresetWithName(const std::string& name) const {
+    const std::u32string wanted = foldCase(name);
+    for (std::size_t i = 1; i < presetsArray_.size(); ++i) {
+        const Dictionary* preset = asPreset(presetsArray_[i]);
+        if (!preset)
+            continue;
+        const Value& presetName = valueFor(*preset, "name");
+        if (presetName.isString() && foldCase(presetName.toString()) == wanted)
+            return true;
+    }
+    return false;
+}
+
+int MetronomeProxy::presetIndexForState(const std::string& state) const {
+    for (std::size_t i = 1; i < presetsArray_.size(); ++i) {
+        const Dictionary* preset = asPreset(presetsArray_[i]);
+        if (preset && valueFor(*preset, "state") == Value(state))
+            return static_cast<int>(i);
+    }
+    return 0;
+}
+
+bool MetronomeProxy::isPresetIndex(int index) const {
+    return index >= 1 && static_cast<std::size_t>(index) < presetsArray_.size();
+}
+
+void MetronomeProxy::write() {
+    const auto path = presetsListPath();
+    if (!canWrite_) {
+        log("presets not saved: " + path.string() + " is kept as it was found");
+        return;
+    }
+    if (!file::ensureDirectory(path.parent_path()) || !plist::writeFile(path, presetsArray_))
+        log("presets not saved to " + path.string());
+}
+
+}  // namespace zt

@@ -1,0 +1,67 @@
+#pragma once
+// The metronome presets: named snapshots of every metronome setting, kept in
+// "presetsList.plist" in the data folder. The file's root is an array whose
+// element 0 is the format version "1.0"; elements 1 to n are the presets in
+// the order they were made, each a dictionary of the metronome's current
+// settings (with its "state" code) plus the "name" the user typed.
+//
+// Preset indices are array indices: the first preset is 1, and 0 means "no
+// preset". The whole array stays in memory and is written back whole and
+// atomically after every change.
+//
+// A file that is not such an array is kept aside as
+// "presetsList.plist.corrupt" and replaced by an empty list. A file that
+// exists but cannot be read is left alone: the list is empty for this run and
+// changes stay in memory, so the user's file is never overwritten.
+
+#include <filesystem>
+#include <string>
+
+#include "framework/Proxy.h"
+#include "framework/Value.h"
+
+namespace zt {
+
+class MetronomeProxy : public Proxy {
+public:
+    static constexpr const char* NAME = "MetronomeProxy";
+    static constexpr const char* kVersion = "1.0";
+
+    MetronomeProxy() : Proxy(NAME) {}
+
+    // Reads the file into presetsArray, creating it first when missing.
+    void loadPresetsArray();
+    // Writes ["1.0"] (and logs "presetList created").
+    void createPresetsListFile();
+    // Data folder + "presetsList.plist".
+    static std::filesystem::path presetsListPath();
+
+    // The version element followed by the presets.
+    const Array& presetsArray() const { return presetsArray_; }
+
+    // Appends a preset and writes the file.
+    void saveCurrentState(const Dictionary& preset);
+    // Removes preset index (1 to n) and writes the file; other indices are
+    // ignored.
+    void removePresetWithIndex(int index);
+
+    // Preset index (1 to n); an empty dictionary for any other index.
+    Dictionary presetAtIndex(int index) const;
+    // Its "name"; "" for an index outside 1 to n.
+    std::string presetNameForIndex(int index) const;
+    // Whether a preset is named name, ignoring letter case.
+    bool containPresetWithName(const std::string& name) const;
+    // The first preset whose "state" is exactly state, else 0.
+    int presetIndexForState(const std::string& state) const;
+
+private:
+    bool isPresetIndex(int index) const;
+    void write();
+
+    Array presetsArray_{Value(kVersion)};
+    // False while the file on disk could not be read or replaced: writing
+    // then would destroy presets the user still has there.
+    bool canWrite_ = true;
+};
+
+}  // namespace zt

@@ -1,0 +1,135 @@
+#pragma once
+// The metronome settings screen: a table of three sections.
+//   0  "First Beat Emphasis" with an on/off switch.
+//   1  "Sound Pack": rows 1 to 5 are the packs, the selected one marked.
+//   2  "Custom Presets": row 0 "Add new preset", rows 1 to n the presets by
+//      name, the one matching the metronome's current settings marked.
+// It acts directly on the metronome it is given; the presets come through
+// its delegate (the mediator). The mark follows the settings, not the last
+// touch: whenever the metronome's state code equals a preset's, that preset
+// is marked. The QML view (MetronomeSettingsView.qml) only draws these
+// properties and forwards touches to the invokables.
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+namespace zt {
+
+class MetronomeControls;
+class MetronomeSettingsDelegate;
+
+class MetronomeSettings : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Created by the tool shell")
+    Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(QString accentTitle READ accentTitle CONSTANT)
+    Q_PROPERTY(QString packHeader READ packHeader CONSTANT)
+    Q_PROPERTY(QString presetsHeader READ presetsHeader CONSTANT)
+    Q_PROPERTY(QString addPresetTitle READ addPresetTitle CONSTANT)
+    Q_PROPERTY(QString presetPlaceholder READ presetPlaceholder CONSTANT)
+    Q_PROPERTY(QString cancelText READ cancelText CONSTANT)
+    Q_PROPERTY(QString saveText READ saveText CONSTANT)
+    Q_PROPERTY(QString okText READ okText CONSTANT)
+    Q_PROPERTY(QString deleteText READ deleteText CONSTANT)
+    Q_PROPERTY(QStringList packNames READ packNames CONSTANT)
+
+    Q_PROPERTY(bool firstBeatEmphasis READ firstBeatEmphasis NOTIFY reloaded)
+    // 1 to 5.
+    Q_PROPERTY(int packNumber READ packNumber NOTIFY reloaded)
+    // Preset k (1 to n) is presetNames[k - 1].
+    Q_PROPERTY(QStringList presetNames READ presetNames NOTIFY reloaded)
+    // The marked preset, 0 when none.
+    Q_PROPERTY(int presetNumber READ presetNumber NOTIFY reloaded)
+
+    // The add-preset dialog: whether it shows, its text field, whether the
+    // field holds the keyboard, and the message shown over it ("" for none).
+    Q_PROPERTY(bool addDialogOpen READ addDialogOpen NOTIFY dialogChanged)
+    Q_PROPERTY(QString presetTitle READ presetTitle WRITE setPresetTitle NOTIFY dialogChanged)
+    Q_PROPERTY(bool fieldFocused READ fieldFocused NOTIFY dialogChanged)
+    Q_PROPERTY(QString message READ message NOTIFY dialogChanged)
+
+public:
+    explicit MetronomeSettings(MetronomeControls* metronome, QObject* parent = nullptr);
+
+    void setDelegate(MetronomeSettingsDelegate* delegate) { delegate_ = delegate; }
+    MetronomeSettingsDelegate* delegate() const { return delegate_; }
+    MetronomeControls* metronome() const { return metronome_; }
+
+    QString title() const { return QStringLiteral("Settings"); }
+    QString accentTitle() const { return QStringLiteral("First Beat Emphasis"); }
+    QString packHeader() const { return QStringLiteral("Sound Pack"); }
+    QString presetsHeader() const { return QStringLiteral("Custom Presets"); }
+    QString addPresetTitle() const { return QStringLiteral("Add new preset"); }
+    QString presetPlaceholder() const { return QStringLiteral("Preset title"); }
+    QString cancelText() const { return QStringLiteral("Cancel"); }
+    QString saveText() const { return QStringLiteral("Save"); }
+    QString okText() const { return QStringLiteral("OK"); }
+    QString deleteText() const { return QStringLiteral("Delete"); }
+    QStringList packNames() const { return arrayPack_; }
+
+    bool firstBeatEmphasis() const { return switcherFBValue_; }
+    int packNumber() const { return packNumber_; }
+    QStringList presetNames() const { return presetNames_; }
+    int presetNumber() const { return presetNumber_; }
+
+    bool addDialogOpen() const { return dialogOpen_; }
+    QString presetTitle() const { return nameField_; }
+    void setPresetTitle(const QString& title);
+    bool fieldFocused() const { return fieldFocused_; }
+    QString message() const { return message_; }
+
+    // Takes the switch, the pack and the mark from the metronome.
+    Q_INVOKABLE void viewWillAppear();
+    // Saves the metronome's settings, so changes made here are kept.
+    Q_INVOKABLE void viewWillDisappear();
+
+    // Flips the first-beat accent and restarts a running metronome.
+    Q_INVOKABLE void toggleAccent();
+    // Row 1 to 5 of the pack section. The next click uses the pack; a
+    // stopped metronome plays one tick of it as a sample.
+    Q_INVOKABLE void choosePack(int row);
+    // Row 1 to n of the presets section: applies that preset.
+    Q_INVOKABLE void choosePreset(int row);
+    // Row 1 to n of the presets section: removes that preset.
+    Q_INVOKABLE void deletePreset(int row);
+
+    // "Add new preset": an empty field with the keyboard.
+    Q_INVOKABLE void addPresetRequested();
+    // "Save" (or return in the field) with the field's text.
+    Q_INVOKABLE void savePreset(const QString& title);
+    Q_INVOKABLE void cancelAddPreset();
+    // "OK" on a message: back to the field, which keeps its text after a
+    // duplicate name and is emptied after an empty one.
+    Q_INVOKABLE void acknowledgeMessage();
+
+signals:
+    void reloaded();
+    void dialogChanged();
+    // Preset row (1 to n) to scroll into view at the bottom.
+    void scrollToPreset(int row);
+
+private:
+    int presetsCount() const;
+    void updatePresetNumber();
+    void reload();
+    void closeDialog();
+
+    MetronomeSettingsDelegate* delegate_ = nullptr;
+    MetronomeControls* metronome_ = nullptr;
+    QStringList arrayPack_;
+    QStringList presetNames_;
+    bool switcherFBValue_ = true;
+    bool dialogOpen_ = false;
+    QString nameField_;
+    bool fieldFocused_ = false;
+    QString message_;
+    bool clearFieldAfterMessage_ = false;
+    int packNumber_ = 1;
+    int presetNumber_ = 0;
+};
+
+}  // namespace zt

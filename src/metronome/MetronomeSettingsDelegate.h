@@ -1,0 +1,29 @@
+#pragma once
+// What the metronome settings screen asks of its mediator: the presets, by
+// index 1 to n (0 means "no preset"), and applying one to the metronome.
+
+#include <string>
+
+#include "framework/Value.h"
+
+namespace zt {
+
+class MetronomeSettingsDelegate {
+public:
+    virtual ~MetronomeSettingsDelegate() = default;
+
+    // n, the number of presets.
+    virtual int presetsCount() const = 0;
+    virtual std::string presetNameForIndex(int index) const = 0;
+    // Ignores letter case.
+    virtual bool containPresetWithName(const std::string& name) const = 0;
+    // The first preset with exactly this state code, else 0.
+    virtual int presetIndexForState(const std::string& state) const = 0;
+    // Appends a preset (settings plus "name") and writes the presets file.
+    virtual void saveCurrentState(const Dictionary& preset) = 0;
+    virtual void removePresetWithIndex(int index) = 0;
+    // Applies preset index to the metronome (a running one restarts).
+    virtual void setMetronomePresetTo(int index) = 0;
+};
+
+}  // namespace zt
