@@ -1,0 +1,291 @@
+#include "metronome/Metronome.h"
+
+#include <QMetaObject>
+
+#include "framework/Log.h"
+#include "metronome/ClickSounds.h"
+#include "metronome/MetronomeDelegate.h"
+#include "metronome/MetronomePlayer.h"
+#include "metronome/TempoRules.h"
+#include "sound/SoundEngine.h"
+
+namespace zt {
+
+namespace {
+// The beat light's polling period: about one frame at 60 Hz.
+constexpr int kBeatPollMs = 16;
+}  // namespace
+
+Metronome::Metronome(QObject* parent)
+    : Metronome(std::make_unique<MetronomePlayer>(SoundEngine::shared()), parent) {}
+
+Metronome::Metronome(std::unique_ptr<MetronomePlayer> player, QObject* parent)
+    : QObject(parent), player_(std::move(player)), output_(*player_), core_(output_) {
+    init();
+}
+
+Metronome::Metronome(MetronomeOutput& output, const TickClock& clock, QObject* parent)
+    : QObject(parent), output_(output), core_(output_, clock) {
+    init();
+}
+
+Metronome::~Metronome() = default;
+
+void Metronome::init() {
+    shownRow_ = core_.getCurrentBPM();
+    beatTimer_.setInterval(kBeatPollMs);
+    beatTimer_.setTimerType(Qt::PreciseTimer);
+    connect(&beatTimer_, &QTimer::timeout, this, &Metronome::pollHeardBeats);
+}
+
+QStringList Metronome::wheelLabels() const {
+    QStringList labels;
+    labels.reserve(kWheelRows);
+    for (int row = 0; row < kWheelRows; ++row)
+        labels << QString::number(tempoForRow(row));
+    return labels;
+}
+
+QStringList Metronome::tempoDigits() const {
+    QStringList digits;
+    for (int digit : zt::tempoDigits(tempoForRow(shownRow_)))
+        digits << (digit < 0 ? QString() : QString::number(digit));
+    return digits;
+}
+
+QString Metronome::tempoName() const {
+    return QString::fromStdString(tempoLabel(tempoForRow(shownRow_)));
+}
+
+QVariantList Metronome::patternOffered() const {
+    QVariantList offered;
+    for (int p = state::metronome::kNotesPerBeat.min; p <= state::metronome::kNotesPerBeat.max; ++p)
+        offered << core_.setup().isPatternOffered(p);
+    return offered;
+}
+
+bool Metronome::canSound() const {
+    return delegate_ && delegate_->isBuffersLoaded();
+}
+
+void Metronome::rowUpdated() {
+    shownRow_ = core_.getCurrentBPM();
+    emit rowChanged();
+    emit tempoChanged();
+}
+
+void Metronome::playingUpdated() {
+    const bool playing = core_.isPlaying();
+    if (playing && !beatTimer_.isActive())
+        beatTimer_.start();
+    if (playing == wasPlaying_)
+        return;
+    wasPlaying_ = playing;
+    emit playingChanged();
+}
+
+void Metronome::setPanel(Panel panel) {
+    if (panel == panel_)
+        return;
+    panel_ = panel;
+    emit panelChanged();
+}
+
+void Metronome::plus() {
+    if (core_.plus())
+        rowUpdated();
+}
+
+void Metronome::minus() {
+    core_.minus();
+    rowUpdated();
+}
+
+void Metronome::selectRow(int row) {
+    // A row the wheel does not have puts the wheel back where it was.
+    core_.selectRow(row);
+    rowUpdated();
+}
+
+void Metronome::showWheelRow(int row) {
+    if (!isWheelRow(row) || row == shownRow_)
+        return;
+    shownRow_ = row;
+    emit tempoChanged();
+}
+
+void Metronome::chooseNumerator(int numerator) {
+    if (!core_.setTimeSig1Value(numerator))
+        return;
+    emit settingsChanged();
+    setPanel(NoPanel);
+}
+
+void Metronome::chooseDenominator(int denominator) {
+    if (!core_.setTimeSig2Value(denominator))
+        return;
+    emit settingsChanged();
+    setPanel(NoPanel);
+}
+
+void Metronome::choosePattern(int pattern) {
+    if (!core_.setNotesPerBeat(pattern))
+        return;
+    emit settingsChanged();
+    setPanel(NoPanel);
+}
+
+void Metronome::openPanel(Panel kind) {
+    if (kind < NoPanel || kind > PatternPanel)
+        return;
+    setPanel(kind == panel_ ? NoPanel : kind);
+}
+
+void Metronome::closePanel() {
+    setPanel(NoPanel);
+}
+
+void Metronome::startStop() {
+    if (core_.isPlaying())
+        stopMetronome();
+    else
+        startMetronome();
+}
+
+void Metronome::startMetronome() {
+    if (core_.isPlaying())
+        return;
+    if (!canSound()) {
+        log("metronome: the sounds are not loaded yet");
+        return;
+    }
+    core_.forgetPause();
+    core_.startMetronome();
+    playingUpdated();
+}
+
+void Metronome::stopMetronome() {
+    core_.stopMetronome();
+    playingUpdated();
+}
+
+void Metronome::tap() {
+    if (core_.tap())
+        rowUpdated();
+}
+
+void Metronome::openSettings() {
+    isSettings_ = true;
+    setPanel(NoPanel);
+    if (delegate_)
+        delegate_->showMetronomeSettings();
+}
+
+void Metronome::viewWillAppear() {
+    setTabBarIsVisible(true);
+    if (delegate_)
+        delegate_->stopMusic();
+    // A pause asked for by another tool is over once the user is back here;
+    // the window's life cycle must not resume it later.
+    core_.forgetPause();
+    if (isSettings_) {
+        // Back from the settings screen, where a preset may have changed
+        // everything.
+        isSettings_ = false;
+        rowUpdated();
+        emit settingsChanged();
+    }
+}
+
+void Metronome::viewWillDisappear() {
+    log("Picker = " + std::to_string(core_.getCurrentBPM()));
+    // The wheel may have been left turning: show the chosen row.
+    shownRow_ = core_.getCurrentBPM();
+    emit tempoChanged();
+    setPanel(NoPanel);
+    // The screen is always the root of its tab, so leaving it never ends the
+    // metronome: it goes on while other tabs are shown, until a tool asks
+    // for "StopMetronome".
+}
+
+void Metronome::viewDidDisappear() {
+    log("DISAPPEAR!");
+    saveCurrentState();
+    if (!core_.isPlaying() && delegate_)
+        delegate_->startMusic();
+}
+
+void Metronome::setTabBarIsVisible(bool visible) {
+    if (visible == tabBarIsVisible_)
+        return;
+    tabBarIsVisible_ = visible;
+    emit tabBarIsVisibleChanged();
+}
+
+void Metronome::endMetronome() {
+    if (!core_.isPlaying())
+        return;
+    // The output stops once this turn of the event loop is over, unless
+    // runMetronome comes first.
+    output_.holdNextStop();
+    core_.endMetronome();
+    QMetaObject::invokeMethod(
+        this, [this] { output_.releaseHeldStop(); }, Qt::QueuedConnection);
+    playingUpdated();
+}
+
+void Metronome::runMetronome() {
+    core_.runMetronome();
+    playingUpdated();
+}
+
+void Metronome::setSavedData(const Dictionary& data) {
+    core_.setSavedData(data);
+    rowUpdated();
+    emit settingsChanged();
+}
+
+void Metronome::setSettingsFromDictionary(const Dictionary& preset) {
+    core_.setSettingsFromDictionary(preset);
+    rowUpdated();
+    emit settingsChanged();
+}
+
+void Metronome::setIsFirstBeatNeed(bool need) {
+    core_.setIsFirstBeatNeed(need);
+    emit settingsChanged();
+}
+
+void Metronome::setCurrentPack(int packNumber) {
+    core_.setCurrentPack(packNumber);
+    emit settingsChanged();
+}
+
+void Metronome::saveCurrentState() {
+    if (delegate_)
+        delegate_->saveMetronomeSettings(core_.savedData());
+}
+
+void Metronome::playSampleTick() {
+    if (canSound())
+        delegate_->playSoundByID(clickSoundsForPack(packNumber()).tick, kBeatGroup, false);
+}
+
+void Metronome::pollHeardBeats() {
+    if (const auto beat = output_.takeHeardBeat()) {
+        beatAccented_ = beat->accented;
+        ++beatCount_;
+        emit beatCountChanged();
+    }
+    if (core_.isPlaying() || output_.hasHeldStop())
+        return;
+    // Stopped: keep watching until the last click has been heard.
+    if (player_) {
+        player_->releaseStreamWhenSilent();
+        if (player_->isStreaming())
+            return;
+    }
+    beatTimer_.stop();
+}
+
+}  // namespace zt

@@ -1,0 +1,188 @@
+#pragma once
+// The metronome screen: the tempo wheel (rows 0 to 220, tempo = row + 20)
+// with plus and minus, the big tempo digits and the tempo's name, the time
+// signature and subdivision buttons with their choice panels, start/stop,
+// tap tempo and a beat light. The behaviour lives in MetronomeCore; this
+// object adds the screen's state (which panel is open, what the digits
+// show), its life cycle and the link to its mediator. MetronomeView.qml only
+// draws these properties and forwards touches and keys.
+//
+// Nothing sounds before the sound bank has loaded (the delegate says when).
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QVariantList>
+#include <memory>
+
+#include "metronome/HeldStopOutput.h"
+#include "metronome/MachTimer.h"
+#include "metronome/MetronomeControls.h"
+#include "metronome/MetronomeCore.h"
+
+namespace zt {
+
+class MetronomeDelegate;
+class MetronomePlayer;
+
+class Metronome : public QObject, public MetronomeControls {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Created by the shell")
+    Q_PROPERTY(QString title READ title CONSTANT)
+    // The wheel's rows as shown: "20" to "240".
+    Q_PROPERTY(QStringList wheelLabels READ wheelLabels CONSTANT)
+    // The chosen wheel row, 0 to 220.
+    Q_PROPERTY(int row READ row NOTIFY rowChanged)
+    // The three big digits of the tempo shown, "" for a blank leading zero,
+    // and the tempo's name in upper case. They follow the wheel while it
+    // turns, before a row is chosen.
+    Q_PROPERTY(QStringList tempoDigits READ tempoDigits NOTIFY tempoChanged)
+    Q_PROPERTY(QString tempoName READ tempoName NOTIFY tempoChanged)
+    Q_PROPERTY(int numerator READ numerator NOTIFY settingsChanged)
+    Q_PROPERTY(int denominator READ denominator NOTIFY settingsChanged)
+    Q_PROPERTY(int pattern READ pattern NOTIFY settingsChanged)
+    // Whether each subdivision pattern, 1 to 6 at indices 0 to 5, may be
+    // chosen: all of them, or 1, 2, 3 and 6 when the beat is an eighth note.
+    Q_PROPERTY(QVariantList patternOffered READ patternOffered NOTIFY settingsChanged)
+    Q_PROPERTY(int pack READ packNumber NOTIFY settingsChanged)
+    Q_PROPERTY(bool accent READ isFirstBeatNeed NOTIFY settingsChanged)
+    Q_PROPERTY(Panel panel READ panel NOTIFY panelChanged)
+    Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY playingChanged)
+    Q_PROPERTY(bool tabBarIsVisible READ tabBarIsVisible NOTIFY tabBarIsVisibleChanged)
+    // Counts the beats as they are heard; beatAccented tells whether the
+    // latest was the accented first beat of a bar.
+    Q_PROPERTY(int beatCount READ beatCount NOTIFY beatCountChanged)
+    Q_PROPERTY(bool beatAccented READ beatAccented NOTIFY beatCountChanged)
+
+public:
+    // The choice panel over the tempo display: the numerator's sixteen
+    // buttons, the same panel in its second mode with the denominators 4
+    // and 8, or the six subdivision patterns.
+    enum Panel { NoPanel, NumeratorPanel, DenominatorPanel, PatternPanel };
+    Q_ENUM(Panel)
+
+    // Plays on the sound card through SoundEngine::shared().
+    explicit Metronome(QObject* parent = nullptr);
+    // Plays through output, measures taps with clock; both must outlive the
+    // screen.
+    explicit Metronome(MetronomeOutput& output, const TickClock& clock = steadyTickClock(),
+                       QObject* parent = nullptr);
+    ~Metronome() override;
+
+    void setDelegate(MetronomeDelegate* delegate) { delegate_ = delegate; }
+    MetronomeDelegate* delegate() const { return delegate_; }
+
+    QString title() const { return QStringLiteral("Metronome"); }
+    QStringList wheelLabels() const;
+    int row() const { return core_.getCurrentBPM(); }
+    int getCurrentBPM() const { return core_.getCurrentBPM(); }
+    QStringList tempoDigits() const;
+    QString tempoName() const;
+    int numerator() const { return core_.setup().timeSig1Value; }
+    int denominator() const { return core_.setup().timeSig2Value; }
+    int pattern() const { return core_.setup().notesPerBeat; }
+    QVariantList patternOffered() const;
+    Panel panel() const { return panel_; }
+    bool tabBarIsVisible() const { return tabBarIsVisible_; }
+    bool isSettings() const { return isSettings_; }
+    int beatCount() const { return beatCount_; }
+    bool beatAccented() const { return beatAccented_; }
+
+    // Tempo wheel: plus and minus step one row (plus does nothing at the
+    // top; minus at the bottom stays there); selectRow is a row chosen on
+    // the wheel; showWheelRow only shows the row the turning wheel passes.
+    Q_INVOKABLE void plus();
+    Q_INVOKABLE void minus();
+    Q_INVOKABLE void selectRow(int row);
+    Q_INVOKABLE void showWheelRow(int row);
+
+    // Choices from the panels; each closes the panel and restarts a running
+    // metronome. A value that is not offered changes nothing.
+    Q_INVOKABLE void chooseNumerator(int numerator);
+    Q_INVOKABLE void chooseDenominator(int denominator);
+    Q_INVOKABLE void choosePattern(int pattern);
+    // Opens a panel; opening the one already open closes it.
+    Q_INVOKABLE void openPanel(zt::Metronome::Panel kind);
+    Q_INVOKABLE void closePanel();
+
+    Q_INVOKABLE void startStop();
+    Q_INVOKABLE void tap();
+    Q_INVOKABLE void openSettings();
+
+    // Called by the shell.
+    Q_INVOKABLE void viewWillAppear();
+    Q_INVOKABLE void viewWillDisappear();
+    Q_INVOKABLE void viewDidDisappear();
+    Q_INVOKABLE void setTabBarIsVisible(bool visible);
+    // Pause: when playing, stop and remember to resume.
+    Q_INVOKABLE void endMetronome();
+    // Resume after a pause. Right after endMetronome, in the same turn of the
+    // event loop, the bar simply goes on.
+    Q_INVOKABLE void runMetronome();
+
+    // Called by the mediator.
+    void setSavedData(const Dictionary& data);
+    void setMetronomeFromTab() { setTabBarIsVisible(false); }
+    void setMetronomeFromTools() { setTabBarIsVisible(true); }
+
+    // Start when stopped and the sounds are loaded; stop when playing.
+    void startMetronome();
+    void stopMetronome();
+
+    // MetronomeControls, for the settings screen.
+    bool isFirstBeatNeed() const override { return core_.setup().isFirstBeatNeed; }
+    void setIsFirstBeatNeed(bool need) override;
+    int packNumber() const override { return core_.setup().packNumber; }
+    void setCurrentPack(int packNumber) override;
+    std::string currentState() const override { return core_.currentState(); }
+    Dictionary currentSettings() const override { return core_.currentSettings(); }
+    void setSettingsFromDictionary(const Dictionary& preset) override;
+    void restartMetronome() override { core_.restartMetronome(); }
+    bool isPlaying() const override { return core_.isPlaying(); }
+    void saveCurrentState() override;
+    void playSampleTick() override;
+
+    // The beat light's clock: takes the newest heard beat from the output.
+    // A timer calls it about sixty times a second while the metronome sounds.
+    void pollHeardBeats();
+
+signals:
+    void rowChanged();
+    void tempoChanged();
+    void settingsChanged();
+    void panelChanged();
+    void playingChanged();
+    void tabBarIsVisibleChanged();
+    void beatCountChanged();
+
+private:
+    Metronome(std::unique_ptr<MetronomePlayer> player, QObject* parent);
+    void init();
+    bool canSound() const;
+    void setPanel(Panel panel);
+    // After the wheel row changed: show it and tell the view.
+    void rowUpdated();
+    // After anything that may have started or stopped the metronome.
+    void playingUpdated();
+
+    MetronomeDelegate* delegate_ = nullptr;
+    // Set when the screen makes its own player; null with an injected output.
+    std::unique_ptr<MetronomePlayer> player_;
+    HeldStopOutput output_;
+    MetronomeCore core_;
+    QTimer beatTimer_;
+
+    int shownRow_ = 0;
+    Panel panel_ = NoPanel;
+    bool wasPlaying_ = false;
+    bool isSettings_ = false;
+    bool tabBarIsVisible_ = false;
+    int beatCount_ = 0;
+    bool beatAccented_ = false;
+};
+
+}  // namespace zt

@@ -1,0 +1,50 @@
+#pragma once
+// Connects the metronome screen to the rest of the program: its sample
+// sounds through MediaProxy, its settings through the saved state
+// ("GetMetronomeSavedData" / "StateMetronomeData", "SaveMetronomeState"),
+// and the pause that other tools ask for ("StopMetronome").
+
+#include <QPointer>
+#include <memory>
+
+#include "framework/Mediator.h"
+#include "metronome/Metronome.h"
+#include "metronome/MetronomeDelegate.h"
+
+namespace zt {
+
+class MediaProxy;
+
+class MetronomeMediator : public Mediator, public MetronomeDelegate {
+public:
+    static constexpr const char* NAME = "MetronomeMediator";
+
+    explicit MetronomeMediator(Metronome* screen);
+
+    // "StopMetronome", "StateMetronomeData", "ShowMetronomeFromTab",
+    // "ShowMetronomeFromTools".
+    std::vector<std::string> listNotificationInterests() const override;
+    void handleNotification(const Notification& notification) override;
+    // Becomes the screen's delegate, keeps MediaProxy and restores the
+    // screen from the saved state.
+    void onRegister() override;
+    void onRemove() override;
+
+    void playSoundByID(int soundId, int group, bool loop) override;
+    // "StopMusic" and "StartMusic".
+    void stopMusic() override;
+    void startMusic() override;
+    // "ShowMetronomeSettings".
+    void showMetronomeSettings() override;
+    // "GetMetronomeSavedData", answered at once by "StateMetronomeData".
+    void setMetronomeSavedData() override;
+    // "SaveMetronomeState" with the settings.
+    void saveMetronomeSettings(const Dictionary& settings) override;
+    bool isBuffersLoaded() const override;
+
+private:
+    QPointer<Metronome> screen_;
+    std::shared_ptr<MediaProxy> media_;
+};
+
+}  // namespace zt
