@@ -1,14 +1,13 @@
 // The metronome settings table: the first-beat accent switch, the five sound
 // packs with a check on the selected one, and the custom presets with a check
 // on the one matching the metronome's settings. A preset row is deleted by
-// swiping it left or with its delete button. The add-preset dialog and its
-// messages show what the MetronomeSettings object says; every touch is
-// forwarded to it. The shell draws the navigation bar.
+// swiping it left or with its delete button. Everything shown comes from the
+// MetronomeSettings object and every touch is forwarded to it; the add-preset
+// dialog is PresetDialogs. The shell draws the navigation bar.
 pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Templates as T
 import ZebTools
 
 Rectangle {
@@ -26,17 +25,23 @@ Rectangle {
     component Card: Rectangle {
         default property alias rows: cardColumn.data
 
+        function forceLayout() {
+            cardColumn.forceLayout()
+        }
+
         x: view.margin
         width: view.width - 2 * view.margin
-        height: cardColumn.height
+        height: cardColumn.height + 2
         radius: view.radius
         color: Theme.panel
         border.color: Theme.separator
-        clip: true
 
+        // Inside the border.
         Column {
             id: cardColumn
-            width: parent.width
+            x: 1
+            y: 1
+            width: parent.width - 2
         }
     }
 
@@ -105,39 +110,30 @@ Rectangle {
         font.bold: true
     }
 
-    // A row's shade while it is pressed.
+    // A row's background, darker while pressed. The first and last rows of a
+    // card round the card's corners and keep their other corners square.
     component RowBackground: Rectangle {
         required property bool down
+        property bool first: false
+        property bool last: false
+        property color base: "transparent"
 
-        color: down ? Theme.panelLight : "transparent"
-    }
+        color: down ? Theme.panelLight : base
+        radius: first || last ? view.radius - 1 : 0
 
-    // Buttons of the dialogs: flat accent text, the default one bold.
-    component DialogButton: Button {
-        id: dialogButton
-
-        property bool isDefault: false
-
-        flat: true
-        implicitHeight: 44
-        contentItem: Text {
-            text: dialogButton.text
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            color: Theme.accent
-            font.family: Theme.fontFamily
-            font.pixelSize: 16
-            font.bold: dialogButton.isDefault
+        Rectangle {
+            visible: !parent.first
+            width: parent.width
+            height: parent.radius
+            color: parent.color
         }
-        background: Rectangle {
-            color: dialogButton.down ? Theme.panelLight : "transparent"
+        Rectangle {
+            visible: !parent.last
+            y: parent.height - height
+            width: parent.width
+            height: parent.radius
+            color: parent.color
         }
-    }
-
-    component AlertBackground: Rectangle {
-        radius: 14
-        color: Theme.panel
-        border.color: Theme.separator
     }
 
     Flickable {
@@ -145,7 +141,7 @@ Rectangle {
 
         anchors.fill: parent
         contentWidth: width
-        contentHeight: content.height + 24
+        contentHeight: content.y + content.height + 16
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
@@ -167,7 +163,11 @@ Rectangle {
                     leftPadding: 16
                     rightPadding: accentSwitch.width + 20
                     onClicked: view.screen.toggleAccent()
-                    background: RowBackground { down: accentRow.down }
+                    background: RowBackground {
+                        down: accentRow.down
+                        first: true
+                        last: true
+                    }
                     contentItem: RowText { text: view.screen.accentTitle }
 
                     Switch {
@@ -222,7 +222,11 @@ Rectangle {
                         leftPadding: 16
                         rightPadding: 14
                         onClicked: view.screen.choosePack(index + 1)
-                        background: RowBackground { down: packRow.down }
+                        background: RowBackground {
+                            down: packRow.down
+                            first: packRow.index === 0
+                            last: packRow.index === view.screen.packNames.length - 1
+                        }
                         contentItem: RowText {
                             rightPadding: 30
                             text: packRow.modelData
@@ -249,6 +253,8 @@ Rectangle {
             }
 
             Card {
+                id: presetsCard
+
                 ItemDelegate {
                     id: addRow
 
@@ -257,7 +263,11 @@ Rectangle {
                     height: Theme.rowHeight
                     leftPadding: 16
                     onClicked: view.screen.addPresetRequested()
-                    background: RowBackground { down: addRow.down }
+                    background: RowBackground {
+                        down: addRow.down
+                        first: true
+                        last: view.screen.presetNames.length === 0
+                    }
                     contentItem: Row {
                         spacing: 10
 
@@ -309,8 +319,11 @@ Rectangle {
                         rightPadding: 6
                         clip: true
                         onClicked: view.screen.choosePreset(row)
-                        background: Rectangle {
-                            color: presetRow.down ? Theme.panelLight : Theme.panel
+                        // Opaque: it slides over the delete button with the row.
+                        background: RowBackground {
+                            down: presetRow.down
+                            last: presetRow.row === view.screen.presetNames.length
+                            base: Theme.panel
                         }
                         // Slides with the swipe, so the mark and the delete button
                         // are part of it.
@@ -338,12 +351,26 @@ Rectangle {
                         swipe.right: Rectangle {
                             id: swipeDelete
 
+                            x: presetRow.width - width
                             width: 88
                             height: presetRow.height
-                            anchors.right: parent.right
                             color: swipeDelete.SwipeDelegate.pressed ? Qt.darker(view.danger, 1.2)
                                                                      : view.danger
+                            radius: presetRow.row === view.screen.presetNames.length ? view.radius - 1
+                                                                                     : 0
                             SwipeDelegate.onClicked: view.screen.deletePreset(presetRow.row)
+
+                            // Only the card's corner is round.
+                            Rectangle {
+                                width: parent.width
+                                height: parent.radius
+                                color: parent.color
+                            }
+                            Rectangle {
+                                width: parent.radius
+                                height: parent.height
+                                color: parent.color
+                            }
 
                             Text {
                                 anchors.centerIn: parent
@@ -365,30 +392,12 @@ Rectangle {
         }
     }
 
-    Connections {
-        target: view.screen
-
-        // The new preset is the last row: bring the bottom of the table into
-        // view once the rows are laid out.
-        function onScrollToPreset() {
-            scrollTimer.restart()
-        }
-
-        // The keyboard (focus) follows the screen: the field takes it when
-        // the dialog opens and again after a message's "OK".
-        function onDialogChanged() {
-            if (!view.screen.fieldFocused)
-                nameField.focus = false
-            else if (addDialog.opened && !messageDialog.visible)
-                nameField.forceActiveFocus()
-        }
-    }
-
     Timer {
         id: scrollTimer
 
         interval: 0
         onTriggered: {
+            presetsCard.forceLayout()
             content.forceLayout()
             scrollAnimation.to = Math.max(0, flick.contentHeight - flick.height)
             scrollAnimation.restart()
@@ -404,148 +413,18 @@ Rectangle {
         easing.type: Easing.OutCubic
     }
 
-    Dialog {
-        id: addDialog
+    Connections {
+        target: view.screen
 
-        objectName: "addPresetDialog"
-        parent: view
-        modal: true
-        visible: view.screen.addDialogOpen
-        closePolicy: Popup.CloseOnEscape
-        x: (view.width - width) / 2
-        y: 40
-        width: 270
-        padding: 16
-        topPadding: 18
-        onOpened: {
-            if (view.screen.fieldFocused)
-                nameField.forceActiveFocus()
-        }
-        onClosed: {
-            if (view.screen.addDialogOpen && view.screen.message === "")
-                view.screen.cancelAddPreset()
-        }
-
-        background: AlertBackground {}
-        T.Overlay.modal: Rectangle { color: "#99000000" }
-
-        header: Text {
-            topPadding: 18
-            horizontalAlignment: Text.AlignHCenter
-            text: view.screen.addPresetTitle
-            color: Theme.text
-            font.family: Theme.fontFamily
-            font.pixelSize: 17
-            font.bold: true
-        }
-
-        TextField {
-            id: nameField
-
-            objectName: "presetTitleField"
-            width: parent.width
-            implicitHeight: 36
-            text: view.screen.presetTitle
-            placeholderText: view.screen.presetPlaceholder
-            placeholderTextColor: Theme.textDim
-            color: Theme.text
-            selectionColor: Theme.accent
-            selectedTextColor: Theme.background
-            font.family: Theme.fontFamily
-            font.pixelSize: 15
-            leftPadding: 10
-            rightPadding: 10
-            onTextEdited: view.screen.presetTitle = text
-            onAccepted: view.screen.savePreset(text)
-            background: Rectangle {
-                radius: 7
-                color: Theme.background
-                border.color: nameField.activeFocus ? Theme.accent : Theme.separator
-            }
-        }
-
-        footer: Item {
-            implicitHeight: 45
-
-            Rectangle {
-                width: parent.width
-                height: 1
-                color: Theme.separator
-            }
-            Rectangle {
-                x: parent.width / 2
-                y: 1
-                width: 1
-                height: parent.height - 1
-                color: Theme.separator
-            }
-            DialogButton {
-                objectName: "cancelButton"
-                y: 1
-                width: parent.width / 2
-                text: view.screen.cancelText
-                onClicked: view.screen.cancelAddPreset()
-            }
-            DialogButton {
-                objectName: "saveButton"
-                x: parent.width / 2 + 1
-                y: 1
-                width: parent.width / 2 - 1
-                text: view.screen.saveText
-                isDefault: true
-                onClicked: view.screen.savePreset(nameField.text)
-            }
+        // The new preset is the last row: bring the bottom of the table into
+        // view once the rows are laid out.
+        function onScrollToPreset() {
+            scrollTimer.restart()
         }
     }
 
-    Dialog {
-        id: messageDialog
-
-        objectName: "presetMessageDialog"
-        parent: view
-        modal: true
-        visible: view.screen.message !== ""
-        closePolicy: Popup.CloseOnEscape
-        x: (view.width - width) / 2
-        y: 70
-        width: 250
-        padding: 18
-        onClosed: {
-            view.screen.acknowledgeMessage()
-            if (view.screen.fieldFocused)
-                nameField.forceActiveFocus()
-        }
-
-        background: AlertBackground {}
-        T.Overlay.modal: Rectangle { color: "#66000000" }
-
-        Text {
-            objectName: "presetMessage"
-            width: parent.width
-            text: view.screen.message
-            wrapMode: Text.WordWrap
-            horizontalAlignment: Text.AlignHCenter
-            color: Theme.text
-            font.family: Theme.fontFamily
-            font.pixelSize: 15
-        }
-
-        footer: Item {
-            implicitHeight: 45
-
-            Rectangle {
-                width: parent.width
-                height: 1
-                color: Theme.separator
-            }
-            DialogButton {
-                objectName: "okButton"
-                y: 1
-                width: parent.width
-                text: view.screen.okText
-                isDefault: true
-                onClicked: view.screen.acknowledgeMessage()
-            }
-        }
+    PresetDialogs {
+        anchors.fill: parent
+        screen: view.screen
     }
 }
