@@ -15,6 +15,8 @@ Page {
     readonly property var screen: tools.screen(key)
     // Views of the screens that have one; the others show their title.
     readonly property var views: ({
+        "metronome": "qrc:/ZebTools/metronome/MetronomeView.qml",
+        "metronomeSettings": "qrc:/ZebTools/metronome/MetronomeSettingsView.qml",
         "commonSettings": "qrc:/ZebTools/tuners/CommonSettingsView.qml"
     })
     readonly property bool isRoot: depth === 1
@@ -78,19 +80,17 @@ Page {
         }
     }
 
+    PlaceholderView {
+        anchors.fill: parent
+        visible: !(page.key in page.views)
+        title: page.screen ? page.screen.title : ""
+    }
+
     Loader {
-        id: content
         anchors.fill: parent
         Component.onCompleted: {
             if (page.key in page.views)
                 setSource(page.views[page.key], { screen: page.screen })
-            else
-                sourceComponent = placeholder
         }
-    }
-
-    Component {
-        id: placeholder
-        PlaceholderView { title: page.screen ? page.screen.title : "" }
     }
 }

@@ -5,6 +5,8 @@
 #include "app/PlaceholderScreen.h"
 #include "app/ToolsDelegate.h"
 #include "framework/Log.h"
+#include "metronome/Metronome.h"
+#include "metronome/MetronomeSettings.h"
 #include "tuners/CommonSettings.h"
 
 namespace zt {
@@ -19,8 +21,6 @@ enum Tab { MetronomeTab = 0, ChromaticTab = 1, BrainTab = 2, ChordsTab = 3 };
 
 // Title shown by a screen until its tool provides the real one.
 const QHash<QString, QString> kPlaceholderTitles = {
-    {"metronome", "Metronome"},
-    {"metronomeSettings", "Settings"},
     {"chordsLibrary", "Chords Library"},
     {"chordsLibrarySettings", "Settings"},
     {"tunerChromatic", "Chromatic Tuner"},
@@ -47,6 +47,9 @@ Tools::Tools(QObject* parent) : QObject(parent), stacks_(kRootScreens.size()) {
     for (const QString& key : screenKeys()) {
         screens_.insert(key, new PlaceholderScreen(kPlaceholderTitles.value(key), this));
     }
+    auto* metronome = new Metronome();
+    setScreen("metronome", metronome);
+    setScreen("metronomeSettings", new MetronomeSettings(metronome));
     setScreen("commonSettings", new CommonSettings());
 }
 

@@ -63,7 +63,8 @@ TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
     Probe probe;
     auto registered = [&facade] {
         std::string s;
-        for (const char* p : {"ApplicationProxy", "StateProxy", "SettingsProxy", "MediaProxy"}) {
+        for (const char* p :
+             {"ApplicationProxy", "StateProxy", "SettingsProxy", "MediaProxy", "MetronomeProxy"}) {
             s += facade.hasProxy(p) ? std::string(" ") + p : "";
         }
         for (const char* m : {"ToolsMediator", "CommonSettingsMediator"}) {
@@ -82,14 +83,18 @@ TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
     Tools tools;
     facade.startup(&tools);
 
-    EXPECT_EQ(
-        probe.seen,
-        (std::vector<std::string>{
-            "ShowContest",
-            "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy tuning=27",
-            "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
-            "ToolsMediator tuning=27"}));
-    EXPECT_TRUE(facade.hasMediator("CommonSettingsMediator"));
+    EXPECT_EQ(probe.seen,
+              (std::vector<std::string>{
+                  "ShowContest",
+                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
+                  "MetronomeProxy tuning=27",
+                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
+                  "MetronomeProxy ToolsMediator tuning=27"}));
+    for (const char* m :
+         {"MetronomeMediator", "MetronomeSettingsMediator", "CommonSettingsMediator"}) {
+        EXPECT_TRUE(facade.hasMediator(m)) << m;
+    }
+    EXPECT_TRUE(std::filesystem::exists(dataDir_ / "presetsList.plist"));
     EXPECT_TRUE(tools.tabBarReady());
     EXPECT_EQ(tools.currentTab(), 2);
 

@@ -28,6 +28,7 @@ perl -0pe 's#(<key>SelectedViewController</key>\s*<integer>)\d+#${1}3#' "$defaul
 timeout 60 "$app" --quit-when-loaded > "$work/log" 2>&1 || fail "app exited with $?"
 grep -q "Buffers was loaded" "$work/log" || fail "the loading cover never lifted"
 grep -q "someController = 3" "$work/log" || fail "tab 3 was not the selected tab"
+if grep -q "qrc:/ZebTools" "$work/log"; then fail "the views reported QML errors"; fi
 [ "$(saved_tab)" = 3 ] || fail "saved tab is $(saved_tab), expected 3"
 echo "ok: saved tab 3 opens on Chords and is kept"
 
@@ -47,6 +48,7 @@ echo "ok: corrupt state kept aside, defaults used"
 
 # Every tool renders.
 timeout 90 "$app" --screenshot "$work/shots" > "$work/log" 2>&1 || fail "screenshot run exited with $?"
+if grep -q "qrc:/ZebTools" "$work/log"; then fail "the views reported QML errors"; fi
 for name in metronome chromatic-tuner brain-tuner chords tunings; do
     [ -s "$work/shots/$name.png" ] || fail "no screenshot $name.png"
 done
