@@ -108,11 +108,12 @@ Rectangle {
         }
     }
 
-    Row {
+    Grid {
         objectName: "patternChoices"
         anchors.centerIn: parent
         visible: panel.mode === Metronome.PatternPanel
-        spacing: 4
+        columns: 3
+        spacing: 6
 
         Repeater {
             model: 6
@@ -120,8 +121,9 @@ Rectangle {
                 id: patternChoice
                 required property int index
                 readonly property int pattern: index + 1
-                width: 44
-                height: 96
+                width: 88
+                height: 48
+                padding: 3
                 enabled: panel.screen.patternOffered[index] === true
                 active: panel.screen.pattern === pattern
                 onClicked: panel.screen.choosePattern(pattern)

@@ -227,7 +227,7 @@ Rectangle {
             wrap: false
             visibleItemCount: 5
             model: view.screen.wheelLabels
-            Component.onCompleted: currentIndex = view.screen.row
+            currentIndex: view.screen.row
 
             onCurrentIndexChanged: if (moving) view.screen.showWheelRow(currentIndex)
             onMovingChanged: {
@@ -237,8 +237,12 @@ Rectangle {
             Connections {
                 target: view.screen
                 function onRowChanged() {
-                    if (!wheel.moving)
-                        wheel.currentIndex = view.screen.row
+                    if (wheel.moving)
+                        return
+                    // Straight to the row, as the digits do, without
+                    // scrolling through every row between.
+                    wheel.currentIndex = view.screen.row
+                    wheel.positionViewAtIndex(view.screen.row, Tumbler.Center)
                 }
             }
 

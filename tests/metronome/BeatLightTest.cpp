@@ -1,0 +1,40 @@
+// The engine's record of the beats it rendered, which the beat light
+// compares with the stream's played position.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "metronome/MetronomeEngine.h"
+
+namespace zt {
+namespace {
+
+TEST(RenderedBeats, FramesAndAccentsOfEachBeat) {
+    constexpr int kRate = 48000;
+    MetronomeEngine engine(kRate);
+    MetronomeSetup setup;
+    setup.BPM = 100;  // 120 beats per minute: a beat every 24000 frames
+    setup.timeSig1Value = 3;
+    setup.notesPerBeat = 2;  // subdivisions are not beats
+    engine.start(setup);
+
+    std::vector<float> block(512);
+    for (std::int64_t frame = 0; frame < 5 * 24000 + 1; frame += 512)
+        engine.render(block.data(), 512, frame);
+
+    std::vector<std::int64_t> frames;
+    std::vector<bool> accents;
+    while (const auto beat = engine.takeRenderedBeat()) {
+        frames.push_back(beat->frame);
+        accents.push_back(beat->accented);
+    }
+    // The first beat after a start is plain; bars begin on the second.
+    EXPECT_EQ(frames, (std::vector<std::int64_t>{24000, 48000, 72000, 96000, 120000}));
+    EXPECT_EQ(accents, (std::vector<bool>{false, true, false, false, true}));
+
+    engine.reset();
+    EXPECT_FALSE(engine.takeRenderedBeat());
+}
+
+}  // namespace
+}  // namespace zt
