@@ -19,6 +19,7 @@ void MetronomeEngine::reset() {
     mixer_.stopAll();
     expectedFrame_.reset();
     running_.store(false, std::memory_order_release);
+    silentFrom_.store(0, std::memory_order_release);
     silent_.store(true, std::memory_order_release);
 }
 
@@ -137,7 +138,10 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
     mixer_.mixInto(out + mixed, frames - mixed);
 
     running_.store(logic_.isRunning(), std::memory_order_release);
-    silent_.store(!logic_.isRunning() && mixer_.isSilent(), std::memory_order_release);
+    const bool silent = !logic_.isRunning() && mixer_.isSilent();
+    if (silent && !silent_.load(std::memory_order_relaxed))
+        silentFrom_.store(end, std::memory_order_release);
+    silent_.store(silent, std::memory_order_release);
 }
 
 }  // namespace zt

@@ -72,6 +72,9 @@ public:
     bool isRunning() const { return running_.load(std::memory_order_acquire); }
     // Any thread, as of the last rendered block: no run and no click ringing.
     bool isSilent() const { return silent_.load(std::memory_order_acquire); }
+    // Any thread: the stream frame from which the output has been silent
+    // (meaningful while isSilent()); rendered ahead of what is heard.
+    std::int64_t silentFrom() const { return silentFrom_.load(std::memory_order_acquire); }
 
 private:
     struct Command {
@@ -105,6 +108,7 @@ private:
 
     std::atomic<bool> running_{false};
     std::atomic<bool> silent_{true};
+    std::atomic<std::int64_t> silentFrom_{0};
 };
 
 }  // namespace zt

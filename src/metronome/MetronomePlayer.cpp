@@ -80,6 +80,9 @@ std::optional<HeardBeat> MetronomePlayer::takeHeardBeat() {
 void MetronomePlayer::releaseStreamWhenSilent() {
     if (!streaming_ || playing_ || !engine_.isSilent())
         return;
+    // What was rendered before the silence is still on its way to the speaker.
+    if (sound_.streamPosition() < engine_.silentFrom())
+        return;
     sound_.stopStream();
     streaming_ = false;
 }

@@ -33,8 +33,9 @@ public:
     // Compares the rendered beats with the stream's played position.
     std::optional<HeardBeat> takeHeardBeat() override;
 
-    // Stops the stream when the metronome is stopped and silent, so that an
-    // idle metronome costs nothing. Call now and then from the control thread.
+    // Stops the stream when the metronome is stopped and its last sound has
+    // been heard, so that an idle metronome costs nothing. Call now and then from the control
+    // thread.
     void releaseStreamWhenSilent();
     bool isStreaming() const { return streaming_; }
 

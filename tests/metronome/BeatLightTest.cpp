@@ -19,7 +19,12 @@ TEST(RenderedBeats, FramesAndAccentsOfEachBeat) {
     engine.start(setup);
 
     std::vector<float> block(512);
-    for (std::int64_t frame = 0; frame < 5 * 24000 + 1; frame += 512)
+    std::int64_t frame = 0;
+    for (; frame < 5 * 24000 + 1; frame += 512)
+        engine.render(block.data(), 512, frame);
+    // With a subdivision, a stop ends the run silently at the next instant.
+    engine.stop();
+    for (const std::int64_t end = frame + 48000; frame < end; frame += 512)
         engine.render(block.data(), 512, frame);
 
     std::vector<std::int64_t> frames;
@@ -31,6 +36,10 @@ TEST(RenderedBeats, FramesAndAccentsOfEachBeat) {
     // The first beat after a start is plain; bars begin on the second.
     EXPECT_EQ(frames, (std::vector<std::int64_t>{24000, 48000, 72000, 96000, 120000}));
     EXPECT_EQ(accents, (std::vector<bool>{false, true, false, false, true}));
+    // Without click samples the output is silent from the end of the block
+    // holding that instant (frame 132000, a subdivision after the last beat).
+    EXPECT_TRUE(engine.isSilent());
+    EXPECT_EQ(engine.silentFrom(), 132096);
 
     engine.reset();
     EXPECT_FALSE(engine.takeRenderedBeat());
