@@ -34,6 +34,8 @@ void ScreenshotRunner::grab(const QString& name) {
 }
 
 void ScreenshotRunner::step() {
+    // Each step captures what the previous one put on screen, then shows the
+    // next thing: the four tools, the tunings list, the metronome settings.
     const int tools = static_cast<int>(kToolFiles.size());
     if (step_ < tools) {
         if (step_ > 0)
@@ -43,9 +45,14 @@ void ScreenshotRunner::step() {
         grab(kToolFiles[tools - 1]);
         tools_->previewTab(1);
         tools_->openTunings(1);
-    } else {
+    } else if (step_ == tools + 1) {
         grab("tunings");
         tools_->goBack(1);
+        tools_->previewTab(0);
+        tools_->showMetronomeSettings();
+    } else {
+        grab("metronome-settings");
+        tools_->goBack(0);
         for (const QString& path : std::as_const(written_))
             std::printf("%s\n", qPrintable(path));
         std::fflush(stdout);

@@ -45,7 +45,8 @@ int main(int argc, char* argv[]) {
                                             "Quit as soon as the sounds have loaded (for tests).");
     QCommandLineOption selectTabOption(
         "select-tab", "Once loaded, choose tab <index> as a touch would (for tests).", "index");
-    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption});
+    QCommandLineOption sizeOption("size", "Open the window at <width>x<height>.", "size");
+    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption});
     parser.process(app);
 
     if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR")) {
@@ -71,6 +72,12 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
+    if (parser.isSet(sizeOption)) {
+        const QStringList size = parser.value(sizeOption).split('x');
+        if (size.size() == 2 && size[0].toInt() > 0 && size[1].toInt() > 0) {
+            window->resize(size[0].toInt(), size[1].toInt());
+        }
+    }
 
     auto whenLoaded = [tools](std::function<void()> action) {
         if (!tools->loading()) {
