@@ -279,12 +279,16 @@ Rectangle {
         id: values
         x: 10
         y: wheelRow.y + wheelRow.height + 8
+        width: parent.width - 20
         spacing: 8
         height: 56
 
+        // The three buttons share the row, however wide the window is.
+        readonly property real buttonWidth: (width - 2 * spacing) / 3
+
         Rectangle {
             objectName: "timeSignatureButton"
-            width: 92
+            width: values.buttonWidth
             height: parent.height
             radius: 10
             color: Theme.panel
@@ -332,7 +336,7 @@ Rectangle {
         Button {
             id: patternButton
             objectName: "patternButton"
-            width: 92
+            width: values.buttonWidth
             height: parent.height
             focusPolicy: Qt.NoFocus
             onClicked: view.screen.openPanel(Metronome.PatternPanel)
@@ -352,7 +356,7 @@ Rectangle {
         Button {
             id: tapButton
             objectName: "tapButton"
-            width: 92
+            width: values.buttonWidth
             height: parent.height
             focusPolicy: Qt.NoFocus
             onPressed: view.screen.tap()
