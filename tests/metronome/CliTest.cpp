@@ -6,6 +6,7 @@
 #include <sstream>
 #include <vector>
 
+#include "ClickTrack.h"
 #include "cli/CliCommand.h"
 #include "cli/MetronomeCommand.h"
 #include "sound/SoundBank.h"
@@ -92,15 +93,7 @@ TEST(MetronomeCommand, WritesTheRealPackOnTheBeat) {
     sf_close(file);
     std::filesystem::remove(path);
 
-    // An onset: the first sample above a small threshold after 10 ms of quiet.
-    std::vector<std::int64_t> onsets;
-    std::int64_t quiet = 441;
-    for (std::int64_t i = 0; i < info.frames; ++i) {
-        const bool loud = std::abs(samples[i]) > 0.02f;
-        if (loud && quiet >= 441)
-            onsets.push_back(i);
-        quiet = loud ? 0 : quiet + 1;
-    }
+    const auto onsets = test::onsetsAfterQuiet(samples, 0.02f, 441);  // 10 ms of quiet
     ASSERT_EQ(onsets.size(), 11u);
     EXPECT_NEAR(double(onsets[0]), 22050.0, 200.0);
     for (size_t i = 1; i < onsets.size(); ++i) {

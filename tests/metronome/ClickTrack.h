@@ -104,6 +104,21 @@ private:
     size_t next_ = 0;
 };
 
+// Onsets of recorded audio: the first sample above `threshold` after at
+// least `quietFrames` samples at or below it.
+inline std::vector<std::int64_t> onsetsAfterQuiet(const std::vector<float>& samples,
+                                                  float threshold, std::int64_t quietFrames) {
+    std::vector<std::int64_t> onsets;
+    std::int64_t quiet = quietFrames;
+    for (size_t i = 0; i < samples.size(); ++i) {
+        const bool loud = std::abs(samples[i]) > threshold;
+        if (loud && quiet >= quietFrames)
+            onsets.push_back(static_cast<std::int64_t>(i));
+        quiet = loud ? 0 : quiet + 1;
+    }
+    return onsets;
+}
+
 // A setup at a tempo (beats per minute on the wheel) with a numerator and a pattern.
 inline MetronomeSetup setupAt(int tempo, int numerator = 4, int pattern = 1, int denominator = 4) {
     MetronomeSetup s;

@@ -5,22 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "RecordingOutput.h"
 #include "framework/Log.h"
 #include "metronome/MetronomeCore.h"
 
 namespace zt {
 namespace {
 
-class RecordingOutput : public MetronomeOutput {
-public:
-    void start(const MetronomeSetup& setup) override {
-        calls.push_back("start " + setup.currentState());
-    }
-    void stop() override { calls.push_back("stop"); }
-    void setCurrentPack(int pack) override { calls.push_back("pack " + std::to_string(pack)); }
-    void setIsFirstBeatNeed(bool need) override { calls.push_back(need ? "accent 1" : "accent 0"); }
-    std::vector<std::string> calls;
-};
+using test::RecordingOutput;
 
 struct Scenario {
     const char* name;
@@ -62,12 +54,13 @@ INSTANTIATE_TEST_SUITE_P(
                                    m.startMetronome();
                                },
                                {"start 1-3-4-1-1-0-61"}},
-                      Scenario{"PlusRestarts",
+                      Scenario{"PlusAndMinusRestart",
                                [](auto& m, auto&) {
                                    m.startMetronome();
                                    m.plus();
+                                   m.minus();
                                },
-                               {kDefault, "stop", "start 1-2-4-1-1-0-61"}},
+                               {kDefault, "stop", "start 1-2-4-1-1-0-61", "stop", kDefault}},
                       Scenario{"PlusAtTheTopDoesNothing",
                                [](auto& m, auto&) {
                                    m.selectRow(220);

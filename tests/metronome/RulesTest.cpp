@@ -142,6 +142,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "3-7-8-6-0-1-100"},
         SavedCase{"UnknownPackIsPackOne", {{"packNumber", 9}}, "1-2-4-1-1-0-60"},
         SavedCase{"NumeratorZeroIsTheDefault", {{"timeSig1Value", 0}}, "1-2-4-1-1-0-60"},
+        SavedCase{"NumeratorPastSixteenIsTheDefault", {{"timeSig1Value", 40}}, "1-2-4-1-1-0-60"},
         SavedCase{"RowPastTheWheelIsClamped", {{"BPM", 500}}, "1-2-4-1-1-0-220"},
         SavedCase{"NegativeRowIsClamped", {{"BPM", -4}}, "1-2-4-1-1-0-0"},
         SavedCase{"RowThatIsNoNumber", {{"BPM", "fast"}}, "1-2-4-1-1-0-60"},
