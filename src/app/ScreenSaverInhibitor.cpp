@@ -6,18 +6,27 @@
 
 namespace zt {
 
-void ScreenSaverInhibitor::inhibit() {
-    if (cookie_ || !QDBusConnection::sessionBus().isConnected())
-        return;
+namespace {
+// Calls a method of the session's screensaver; an invalid message when
+// there is no bus or no screensaver.
+QDBusMessage callScreenSaver(const QString& method, const QList<QVariant>& args) {
     QDBusInterface iface(QStringLiteral("org.freedesktop.ScreenSaver"),
                          QStringLiteral("/org/freedesktop/ScreenSaver"),
                          QStringLiteral("org.freedesktop.ScreenSaver"),
                          QDBusConnection::sessionBus());
     if (!iface.isValid())
-        return;
+        return QDBusMessage();
     iface.setTimeout(500);
-    QDBusReply<quint32> reply = iface.call(QStringLiteral("Inhibit"), QStringLiteral("zebtools"),
-                                           QStringLiteral("Tuning and practice"));
+    return iface.callWithArgumentList(QDBus::Block, method, args);
+}
+}  // namespace
+
+void ScreenSaverInhibitor::inhibit() {
+    if (cookie_ || !QDBusConnection::sessionBus().isConnected())
+        return;
+    QDBusReply<quint32> reply =
+        callScreenSaver(QStringLiteral("Inhibit"),
+                        {QStringLiteral("zebtools"), QStringLiteral("Tuning and practice")});
     if (reply.isValid())
         cookie_ = reply.value();
 }
@@ -25,13 +34,7 @@ void ScreenSaverInhibitor::inhibit() {
 void ScreenSaverInhibitor::release() {
     if (!cookie_)
         return;
-    QDBusInterface iface(QStringLiteral("org.freedesktop.ScreenSaver"),
-                         QStringLiteral("/org/freedesktop/ScreenSaver"),
-                         QStringLiteral("org.freedesktop.ScreenSaver"),
-                         QDBusConnection::sessionBus());
-    iface.setTimeout(500);
-    if (iface.isValid())
-        iface.call(QStringLiteral("UnInhibit"), cookie_);
+    callScreenSaver(QStringLiteral("UnInhibit"), {cookie_});
     cookie_ = 0;
 }
 

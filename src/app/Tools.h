@@ -56,6 +56,10 @@ public:
     // Key of the screen on top of the visible tab's stack.
     QString visibleScreen() const;
 
+    // Calls a no-argument invokable of a screen, when the screen has it
+    // (screens of tools not built yet have none).
+    void callScreen(const QString& key, const char* method);
+
     // Shell actions, run by the mediator.
     void createTabBar(int index);
     void buffersLoaded();
@@ -91,7 +95,6 @@ signals:
 private:
     void push(int tab, const QString& key);
     void setCurrentTab(int index);
-    void callScreen(const QString& key, const char* method);
     void setMetronomeTabBarVisible(bool visible);
 
     ToolsDelegate* delegate_ = nullptr;

@@ -1,7 +1,6 @@
 #include "app/ZebToolsAppDelegate.h"
 
 #include <QGuiApplication>
-#include <QMetaObject>
 
 #include "app/ApplicationFacade.h"
 #include "app/ApplicationProxy.h"
@@ -70,26 +69,16 @@ bool ZebToolsAppDelegate::metronomeVisible() const {
     return visible == QLatin1String("metronome") || visible == QLatin1String("metronomeSettings");
 }
 
-void ZebToolsAppDelegate::callMetronome(const char* method) {
-    QObject* metronome = tools_ ? tools_->screen("metronome") : nullptr;
-    if (!metronome)
-        return;
-    const QByteArray signature = QByteArray(method) + "()";
-    if (metronome->metaObject()->indexOfMethod(signature.constData()) >= 0) {
-        QMetaObject::invokeMethod(metronome, method);
-    }
-}
-
 void ZebToolsAppDelegate::willResignActive() {
     inBackGround_ = false;
     if (metronomeVisible())
-        callMetronome("endMetronome");
+        tools_->callScreen("metronome", "endMetronome");
 }
 
 void ZebToolsAppDelegate::didEnterBackground() {
     inBackGround_ = true;
     if (metronomeVisible())
-        callMetronome("runMetronome");
+        tools_->callScreen("metronome", "runMetronome");
 }
 
 void ZebToolsAppDelegate::didBecomeActive() {

@@ -43,7 +43,6 @@ public:
 
 private:
     bool metronomeVisible() const;
-    void callMetronome(const char* method);
 
     QStringList toolItems_;
     MusicPlayer mpPlayer_;
