@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 BUILD_DIR := build/default
 ASAN_DIR := build/asan
 
-.PHONY: all deps build run screenshots test test-asan bench clean
+.PHONY: all deps build run screenshots test test-asan bench format-check clean
 
 all: build
 
@@ -36,6 +36,10 @@ test-asan: deps
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
+
+# Every tracked C++ file as clang-format makes it (the repository's .clang-format).
+format-check: deps
+	@bash tools/check-format.sh
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done

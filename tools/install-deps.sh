@@ -4,14 +4,14 @@
 set -euo pipefail
 
 packages=(
-  build-essential cmake ninja-build pkg-config git
+  build-essential cmake ninja-build pkg-config git ccache clang-format
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-tools-dev-tools
   qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-templates
   qml6-module-qtquick-window qml6-module-qtquick-layouts qml6-module-qtqml
   qml6-module-qtqml-workerscript qml6-module-qttest qml6-module-qtquick-dialogs
   libgl-dev libxkbcommon-dev fonts-dejavu-core
   libopenal-dev libopenal1 libsndfile1-dev libplist-dev libsoxr-dev libkissfft-dev
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
   pulseaudio pulseaudio-utils dbus dbus-x11 sox
 )
 

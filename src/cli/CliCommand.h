@@ -1,11 +1,13 @@
 #pragma once
-// One command of zebtools-cli. Each command lives in its own file and is
-// listed once in main.cpp.
+// One command of zebtools-cli. Each command lives in its own file, declares
+// its options on the subcommand it adds to the command line, and is listed
+// once in Cli.cpp.
 
 #include <ostream>
-#include <string>
-#include <string_view>
-#include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace zt::cli {
 
@@ -13,11 +15,24 @@ inline constexpr int kExitOk = 0;
 inline constexpr int kExitFailure = 1;  // the command could not do its work
 inline constexpr int kExitUsage = 2;    // bad arguments
 
-struct CliCommand {
-    std::string_view name;
-    std::string_view summary;
-    // args: everything after the command name.
-    int (*run)(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+class CliCommand {
+public:
+    virtual ~CliCommand() = default;
+
+    // True when the parsed command line chose this command.
+    bool chosen() const;
+
+    // Does the command's work with the options the command line gave.
+    virtual int run(std::ostream& out, std::ostream& err) = 0;
+
+protected:
+    // Adds the subcommand; the derived class declares its options on it.
+    CliCommand(CLI::App& parent, const char* name, const char* summary);
+
+    CLI::App& command() const { return *command_; }
+
+private:
+    CLI::App* command_;
 };
 
 }  // namespace zt::cli

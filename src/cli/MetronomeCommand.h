@@ -2,11 +2,8 @@
 // zebtools-cli metronome: renders what the metronome plays to a WAV file.
 
 #include <filesystem>
-#include <optional>
-#include <ostream>
-#include <string>
-#include <vector>
 
+#include "cli/CliCommand.h"
 #include "metronome/MetronomeSetup.h"
 
 namespace zt::cli {
@@ -17,11 +14,27 @@ struct MetronomeJob {
     std::filesystem::path out;
 };
 
-// The job the arguments describe; nullopt, with the reason in error, for bad
-// arguments. Not used for --help.
-std::optional<MetronomeJob> parseMetronomeJob(const std::vector<std::string>& args,
-                                              std::string& error);
+class MetronomeCommand final : public CliCommand {
+public:
+    explicit MetronomeCommand(CLI::App& parent);
 
-int runMetronomeCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+    // What the parsed command line asks for.
+    const MetronomeJob& job() const { return job_; }
+
+    int run(std::ostream& out, std::ostream& err) override;
+
+private:
+    // Checks what single options cannot (the pattern against the beat) and
+    // fills job_; throws CLI::ValidationError, so bad input exits with 2.
+    void makeJob();
+
+    MetronomeJob job_;  // first: the options below start from its defaults
+    int bpm_;
+    std::string signature_ = "2/4";
+    int pattern_;
+    int pack_;
+    std::string accent_ = "on";
+    std::string out_;
+};
 
 }  // namespace zt::cli

@@ -13,8 +13,10 @@ bool logQuiet = false;
 
 void log(const std::string& line) {
     std::lock_guard lock(logMutex);
-    if (!logQuiet) std::fprintf(stderr, "zebtools: %s\n", line.c_str());
-    if (logSink) logSink(line);
+    if (!logQuiet)
+        std::fprintf(stderr, "zebtools: %s\n", line.c_str());
+    if (logSink)
+        logSink(line);
 }
 
 void setLogSink(std::function<void(const std::string&)> sink) {

@@ -17,7 +17,8 @@ public:
 
     // Runs callback on the main thread after interval, again every interval
     // when repeat is set, until stopTimer. Main thread only.
-    virtual TimerId startTimer(std::chrono::milliseconds interval, bool repeat, Callback callback) = 0;
+    virtual TimerId startTimer(std::chrono::milliseconds interval, bool repeat,
+                               Callback callback) = 0;
     virtual void stopTimer(TimerId id) = 0;
     // Queues callback to run on the main thread. Safe from any thread.
     virtual void post(Callback callback) = 0;

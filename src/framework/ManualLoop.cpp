@@ -13,7 +13,9 @@ MainLoop& MainLoop::instance() {
     return installed ? *installed : fallback;
 }
 
-void MainLoop::install(MainLoop* loop) { installed = loop; }
+void MainLoop::install(MainLoop* loop) {
+    installed = loop;
+}
 
 MainLoop::TimerId ManualLoop::startTimer(std::chrono::milliseconds interval, bool repeat,
                                          Callback callback) {
@@ -22,7 +24,9 @@ MainLoop::TimerId ManualLoop::startTimer(std::chrono::milliseconds interval, boo
     return id;
 }
 
-void ManualLoop::stopTimer(TimerId id) { timers_.erase(id); }
+void ManualLoop::stopTimer(TimerId id) {
+    timers_.erase(id);
+}
 
 void ManualLoop::post(Callback callback) {
     std::lock_guard lock(postedMutex_);
@@ -35,18 +39,21 @@ void ManualLoop::drainPosted() {
         std::lock_guard lock(postedMutex_);
         batch.swap(posted_);
     }
-    for (auto& callback : batch) callback();
+    for (auto& callback : batch)
+        callback();
 }
 
 void ManualLoop::fireDue() {
     for (;;) {
         auto next = timers_.end();
         for (auto it = timers_.begin(); it != timers_.end(); ++it) {
-            if (it->second.due <= now_ && (next == timers_.end() || it->second.due < next->second.due)) {
+            if (it->second.due <= now_ &&
+                (next == timers_.end() || it->second.due < next->second.due)) {
                 next = it;
             }
         }
-        if (next == timers_.end()) return;
+        if (next == timers_.end())
+            return;
         const TimerId id = next->first;
         Callback callback = next->second.callback;
         if (next->second.repeat) {
@@ -64,11 +71,13 @@ void ManualLoop::advance(std::chrono::milliseconds duration) {
     drainPosted();
     for (;;) {
         std::chrono::milliseconds nextDue = end;
-        for (const auto& [id, timer] : timers_) nextDue = std::min(nextDue, timer.due);
+        for (const auto& [id, timer] : timers_)
+            nextDue = std::min(nextDue, timer.due);
         now_ = std::max(now_, nextDue);
         fireDue();
         drainPosted();
-        if (now_ >= end) return;
+        if (now_ >= end)
+            return;
     }
 }
 
@@ -76,7 +85,8 @@ bool ManualLoop::runUntil(const std::function<bool()>& pred, std::chrono::millis
     const auto start = Clock::now();
     const auto step = std::chrono::milliseconds(5);
     while (!pred()) {
-        if (Clock::now() - start > timeout) return false;
+        if (Clock::now() - start > timeout)
+            return false;
         std::this_thread::sleep_for(step);
         advance(step);
     }

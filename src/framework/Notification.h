@@ -10,7 +10,8 @@ namespace zt {
 
 class Notification {
 public:
-    explicit Notification(std::string name, std::any body = {}, std::optional<std::string> type = {})
+    explicit Notification(std::string name, std::any body = {},
+                          std::optional<std::string> type = {})
         : name_(std::move(name)), body_(std::move(body)), type_(std::move(type)) {}
 
     static Notification withName(std::string name) { return Notification(std::move(name)); }

@@ -6,7 +6,9 @@ namespace zt {
 
 Notifier::Notifier() : facade_(&Facade::getInstance()) {}
 
-void Notifier::sendNotification(const std::string& name) { facade_->sendNotification(name); }
+void Notifier::sendNotification(const std::string& name) {
+    facade_->sendNotification(name);
+}
 
 void Notifier::sendNotification(const std::string& name, std::any body) {
     facade_->sendNotification(name, std::move(body));

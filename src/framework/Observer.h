@@ -22,7 +22,8 @@ public:
     }
 
     void notifyObserver(const Notification& notification) const {
-        if (notifyMethod_) notifyMethod_(notification);
+        if (notifyMethod_)
+            notifyMethod_(notification);
     }
     bool compareNotifyContext(const void* object) const { return object == notifyContext_; }
     const void* notifyContext() const { return notifyContext_; }

@@ -22,7 +22,9 @@ public:
 
     static std::shared_ptr<Proxy> proxy() { return withProxyName({}, {}); }
     static std::shared_ptr<Proxy> withProxyName(std::string name, std::any data = {});
-    static std::shared_ptr<Proxy> withData(std::any data) { return withProxyName({}, std::move(data)); }
+    static std::shared_ptr<Proxy> withData(std::any data) {
+        return withProxyName({}, std::move(data));
+    }
 
     const std::string& proxyName() const { return proxyName_; }
     const std::any& data() const { return data_; }

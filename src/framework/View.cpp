@@ -7,22 +7,27 @@ namespace zt {
 View* View::instance_ = nullptr;
 
 View::View() {
-    if (instance_) throw std::logic_error("View Singleton already constructed! Use getInstance instead.");
+    if (instance_)
+        throw std::logic_error("View Singleton already constructed! Use getInstance instead.");
     instance_ = this;
 }
 
 View::~View() {
     mediatorMap_.clear();
     observerMap_.clear();
-    if (instance_ == this) instance_ = nullptr;
+    if (instance_ == this)
+        instance_ = nullptr;
 }
 
 View& View::getInstance() {
-    if (!instance_) new View();
+    if (!instance_)
+        new View();
     return *instance_;
 }
 
-void View::destroyInstance() { delete instance_; }
+void View::destroyInstance() {
+    delete instance_;
+}
 
 void View::registerObserver(const std::string& name, std::shared_ptr<Observer> observer) {
     observerMap_[name].push_back(std::move(observer));
@@ -30,7 +35,8 @@ void View::registerObserver(const std::string& name, std::shared_ptr<Observer> o
 
 void View::notifyObservers(const Notification& notification) {
     auto it = observerMap_.find(notification.name());
-    if (it == observerMap_.end()) return;
+    if (it == observerMap_.end())
+        return;
     // Deliver to a copy: observers added or removed during delivery do not
     // change who receives this notification.
     const std::vector<std::shared_ptr<Observer>> observers = it->second;
@@ -41,7 +47,8 @@ void View::notifyObservers(const Notification& notification) {
 
 void View::removeObserver(const std::string& name, const void* notifyContext) {
     auto it = observerMap_.find(name);
-    if (it == observerMap_.end()) return;
+    if (it == observerMap_.end())
+        return;
     auto& list = it->second;
     for (auto o = list.begin(); o != list.end(); ++o) {
         if ((*o)->compareNotifyContext(notifyContext)) {
@@ -49,18 +56,21 @@ void View::removeObserver(const std::string& name, const void* notifyContext) {
             break;
         }
     }
-    if (list.empty()) observerMap_.erase(it);
+    if (list.empty())
+        observerMap_.erase(it);
 }
 
 void View::registerMediator(std::shared_ptr<Mediator> mediator) {
-    if (!mediator || mediatorMap_.count(mediator->mediatorName())) return;
+    if (!mediator || mediatorMap_.count(mediator->mediatorName()))
+        return;
     mediatorMap_[mediator->mediatorName()] = mediator;
     const auto interests = mediator->listNotificationInterests();
     if (!interests.empty()) {
         Mediator* target = mediator.get();
         auto observer = Observer::withNotifyMethod(
             [target](const Notification& n) { target->handleNotification(n); }, target);
-        for (const auto& name : interests) registerObserver(name, observer);
+        for (const auto& name : interests)
+            registerObserver(name, observer);
     }
     mediator->onRegister();
 }
@@ -72,7 +82,8 @@ std::shared_ptr<Mediator> View::retrieveMediator(const std::string& name) const 
 
 std::shared_ptr<Mediator> View::removeMediator(const std::string& name) {
     auto it = mediatorMap_.find(name);
-    if (it == mediatorMap_.end()) return nullptr;
+    if (it == mediatorMap_.end())
+        return nullptr;
     auto mediator = it->second;
     for (const auto& interest : mediator->listNotificationInterests()) {
         removeObserver(interest, mediator.get());

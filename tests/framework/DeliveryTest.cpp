@@ -25,7 +25,8 @@ struct TraceMediator : Mediator {
     std::vector<std::string> listNotificationInterests() const override { return interests_; }
     void handleNotification(const Notification& n) override {
         trace.push_back(mediatorName() + ":" + n.name());
-        if (onHandle) onHandle(n);
+        if (onHandle)
+            onHandle(n);
     }
     void onRegister() override { trace.push_back(mediatorName() + ":registered"); }
     void onRemove() override { trace.push_back(mediatorName() + ":removed"); }
@@ -61,7 +62,8 @@ TEST_F(DeliveryTest, CommandRunsBeforeMediatorsThenMediatorsInRegistrationOrder)
     auto& facade = Facade::getInstance();
     facade.registerCommand("Go", commandClass<TraceCommand<1>>());
     facade.registerMediator(makeMediator<TraceMediator>("B", std::vector<std::string>{"Go"}));
-    facade.registerMediator(makeMediator<TraceMediator>("A", std::vector<std::string>{"Go", "Other"}));
+    facade.registerMediator(
+        makeMediator<TraceMediator>("A", std::vector<std::string>{"Go", "Other"}));
     trace.clear();
     facade.sendNotification("Go");
     EXPECT_EQ(trace, (std::vector<std::string>{"cmd1:Go", "B:Go", "A:Go"}));
@@ -100,13 +102,15 @@ TEST_F(DeliveryTest, ChangesDuringDeliveryDoNotDisturbTheCurrentDelivery) {
     auto self = makeMediator<TraceMediator>("Self", std::vector<std::string>{"Go"});
     self->onHandle = [&](const Notification&) {
         facade.removeMediator("Self");
-        facade.registerMediator(makeMediator<TraceMediator>("Late", std::vector<std::string>{"Go"}));
+        facade.registerMediator(
+            makeMediator<TraceMediator>("Late", std::vector<std::string>{"Go"}));
     };
     facade.registerMediator(self);
     facade.registerMediator(makeMediator<TraceMediator>("After", std::vector<std::string>{"Go"}));
     trace.clear();
     facade.sendNotification("Go");
-    EXPECT_EQ(trace, (std::vector<std::string>{"Self:Go", "Self:removed", "Late:registered", "After:Go"}));
+    EXPECT_EQ(trace,
+              (std::vector<std::string>{"Self:Go", "Self:removed", "Late:registered", "After:Go"}));
     EXPECT_FALSE(self->viewComponent().has_value());
 
     trace.clear();
@@ -117,7 +121,8 @@ TEST_F(DeliveryTest, ChangesDuringDeliveryDoNotDisturbTheCurrentDelivery) {
 TEST_F(DeliveryTest, RemovingAMediatorRemovesOnlyItsOwnObservers) {
     auto& facade = Facade::getInstance();
     facade.registerCommand("Go", commandClass<TraceCommand<1>>());
-    facade.registerMediator(makeMediator<TraceMediator>("A", std::vector<std::string>{"Go", "Solo"}));
+    facade.registerMediator(
+        makeMediator<TraceMediator>("A", std::vector<std::string>{"Go", "Solo"}));
     facade.registerMediator(makeMediator<TraceMediator>("B", std::vector<std::string>{"Go"}));
     EXPECT_NE(facade.removeMediator("A"), nullptr);
     EXPECT_EQ(facade.view().observerCount("Solo"), 0u);

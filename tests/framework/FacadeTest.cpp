@@ -58,7 +58,8 @@ TEST_F(FrameworkTest, SecondConstructionOfEverySingletonThrowsItsText) {
             EXPECT_EQ(e.what(), reason);
         }
     };
-    expectReason([] { Facade f; }, "Facade Singleton already constructed! Use getInstance instead.");
+    expectReason([] { Facade f; },
+                 "Facade Singleton already constructed! Use getInstance instead.");
     expectReason([] { Model m; }, "Model Singleton already constructed! Use getInstance instead.");
     expectReason([] { View v; }, "View Singleton already constructed! Use getInstance instead.");
     expectReason([] { Controller c; },

@@ -14,11 +14,11 @@ TEST(ValueTest, ConversionsBetweenKinds) {
         std::string asString;
     };
     const std::vector<Row> rows = {
-        {Value(true), 1, true, "1"},          {Value(0), 0, false, "0"},
-        {Value(12), 12, true, "12"},          {Value(2.9), 2, true, "2.9"},
-        {Value("7"), 7, true, "7"},           {Value("0"), 0, false, "0"},
-        {Value("true"), 1, true, "true"},     {Value("abc"), -5, false, "abc"},
-        {Value(), -5, false, ""},             {Value(Dictionary{}), -5, false, ""},
+        {Value(true), 1, true, "1"},      {Value(0), 0, false, "0"},
+        {Value(12), 12, true, "12"},      {Value(2.9), 2, true, "2.9"},
+        {Value("7"), 7, true, "7"},       {Value("0"), 0, false, "0"},
+        {Value("true"), 1, true, "true"}, {Value("abc"), -5, false, "abc"},
+        {Value(), -5, false, ""},         {Value(Dictionary{}), -5, false, ""},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.value.toInt(-5), row.asInt) << row.value.describe();

@@ -1,12 +1,13 @@
 // Runs QML tests against the real program: the application is launched as
 // at start-up (facade, saved state in a private folder, sound bank), and its
 // shell is handed to the tests, which drive the views by touch.
+#include <QtQml/qqmlextensionplugin.h>
+#include <QtQuickTest/quicktest.h>
+
 #include <QDir>
 #include <QFile>
 #include <QQmlEngine>
 #include <QTemporaryDir>
-#include <QtQml/qqmlextensionplugin.h>
-#include <QtQuickTest/quicktest.h>
 
 #include "app/QtMainLoop.h"
 #include "app/Tools.h"

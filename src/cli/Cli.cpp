@@ -1,0 +1,63 @@
+#include "cli/Cli.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+
+#include "cli/CliCommand.h"
+#include "cli/MetronomeCommand.h"
+
+namespace zt::cli {
+
+namespace {
+
+// The deepest subcommand the command line chose, for naming it in errors.
+std::string commandPath(const CLI::App* app) {
+    std::string path = app->get_name();
+    for (auto subs = app->get_subcommands(); !subs.empty();
+         subs = subs.front()->get_subcommands()) {
+        path += " " + subs.front()->get_name();
+    }
+    return path;
+}
+
+}  // namespace
+
+CliCommand::CliCommand(CLI::App& parent, const char* name, const char* summary)
+    : command_(parent.add_subcommand(name, summary)) {}
+
+bool CliCommand::chosen() const {
+    return command_->parsed();
+}
+
+int runCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    CLI::App app{"The engines of ZebTools, a toolbox for guitarists, without a window.",
+                 "zebtools-cli"};
+    app.set_version_flag("--version", std::string("zebtools-cli ") + ZEBTOOLS_VERSION);
+    app.require_subcommand(1);
+    app.failure_message([](const CLI::App* top, const CLI::Error& e) {
+        const std::string path = commandPath(top);
+        return path + ": " + e.what() + "\nTry '" + path + " --help'.\n";
+    });
+
+    // One line per command; each command's code lives in its own file.
+    std::vector<std::unique_ptr<CliCommand>> commands;
+    commands.push_back(std::make_unique<MetronomeCommand>(app));
+
+    // CLI11 takes the arguments last first.
+    std::vector<std::string> reversed(args.rbegin(), args.rend());
+    try {
+        app.parse(reversed);
+    } catch (const CLI::ParseError& e) {
+        const int code = app.exit(e, out, err);
+        return code == 0 ? kExitOk : kExitUsage;
+    }
+    for (const auto& command : commands) {
+        if (command->chosen()) {
+            return command->run(out, err);
+        }
+    }
+    return kExitUsage;
+}
+
+}  // namespace zt::cli

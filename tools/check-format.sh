@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Fails when a tracked C++ file differs from what clang-format makes of it
+# with the repository's .clang-format; prints the files to reformat.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bad=()
+while IFS= read -r file; do
+  if ! clang-format --dry-run --Werror "$file" >/dev/null 2>&1; then
+    bad+=("$file")
+  fi
+done < <(git ls-files '*.cpp' '*.h')
+if [ ${#bad[@]} -ne 0 ]; then
+  echo "Not formatted (run: clang-format -i FILE):"
+  printf '  %s\n' "${bad[@]}"
+  exit 1
+fi
