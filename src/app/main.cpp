@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "app/AppLog.h"
 #include "app/QtMainLoop.h"
 #include "app/ScreenshotRunner.h"
 #include "app/Tools.h"
@@ -46,8 +47,11 @@ int main(int argc, char* argv[]) {
     QCommandLineOption selectTabOption(
         "select-tab", "Once loaded, choose tab <index> as a touch would (for tests).", "index");
     QCommandLineOption sizeOption("size", "Open the window at <width>x<height>.", "size");
-    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption});
+    QCommandLineOption verboseOption("verbose", "Print the debug log to standard error.");
+    parser.addOptions(
+        {screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption, verboseOption});
     parser.process(app);
+    zt::routeLogToQt(parser.isSet(verboseOption));
 
     if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR")) {
         const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
@@ -68,7 +72,7 @@ int main(int argc, char* argv[]) {
     engine.setInitialProperties({{"tools", QVariant::fromValue(tools)}});
     engine.load(QUrl(QStringLiteral("qrc:/ZebTools/app/Main.qml")));
     if (engine.rootObjects().isEmpty()) {
-        zt::log("The main view could not be loaded");
+        zt::warn("The main view could not be loaded");
         return 1;
     }
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());

@@ -40,17 +40,6 @@ struct Probe {
 
 }  // namespace
 
-TEST_F(StartupTest, CommandTableHasEveryBuiltCommand) {
-    auto& facade = ApplicationFacade::getInstance();
-    for (const char* name :
-         {"Startup", "SaveMetronomeState", "SaveBrainTunerState", "SaveChromaticTunerState",
-          "SaveChordsLibraryState", "SaveCommonState", "GetMetronomeSavedData",
-          "GetBrainTunerSavedData", "GetChromaticTunerSavedData", "GetChordsLibrarySavedData",
-          "GetCommonState"}) {
-        EXPECT_TRUE(facade.hasCommand(name)) << name;
-    }
-}
-
 TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
     auto& facade = ApplicationFacade::getInstance();
     std::filesystem::copy_file(std::filesystem::path(ZEBTOOLS_SOURCE_DATA_DIR) / "saveState.plist",
@@ -80,7 +69,7 @@ TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
     probe.watch("ShowContest", registered);
     probe.watch("ActiveTabIndexReady", [&] { return registered() + tuning(); });
 
-    Tools tools;
+    Tools tools(engines_);
     facade.startup(&tools);
 
     EXPECT_EQ(probe.seen,

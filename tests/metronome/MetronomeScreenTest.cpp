@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "RecordingOutput.h"
-#include "metronome/Metronome.h"
-#include "metronome/MetronomeDelegate.h"
-#include "metronome/MetronomeMediator.h"
+#include "metronome/ui/Metronome.h"
+#include "metronome/ui/MetronomeDelegate.h"
+#include "metronome/ui/MetronomeMediator.h"
 #include "sound/MediaProxy.h"
 #include "state/StateCommands.h"
 #include "state/StateProxy.h"

@@ -11,7 +11,7 @@ import ZebTools
 Rectangle {
     id: view
 
-    required property var screen
+    required property CommonSettings screen
 
     color: Theme.background
 
