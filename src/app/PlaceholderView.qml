@@ -12,6 +12,5 @@ Item {
         text: view.screen.title
         color: Theme.textDim
         font.pixelSize: 22
-        font.family: Theme.fontFamily
     }
 }

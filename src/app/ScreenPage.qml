@@ -22,24 +22,14 @@ Page {
         height: Theme.navBarHeight
         color: Theme.navBar
 
-        Button {
-            id: back
+        NavBarButton {
             objectName: "backButton"
             visible: !page.isRoot
             anchors.left: parent.left
             anchors.leftMargin: 6
             anchors.verticalCenter: parent.verticalCenter
             text: "\u2039 Back"
-            flat: true
             onClicked: page.tools.goBack(page.tab)
-            contentItem: Text {
-                text: back.text
-                color: Theme.accent
-                font.pixelSize: 15
-                font.family: Theme.fontFamily
-                verticalAlignment: Text.AlignVCenter
-            }
-            background: Item {}
         }
 
         Text {
@@ -51,27 +41,16 @@ Page {
             color: Theme.text
             font.pixelSize: 17
             font.bold: true
-            font.family: Theme.fontFamily
         }
 
-        Button {
-            id: tunings
+        NavBarButton {
             objectName: "tuningsButton"
             visible: page.isRoot && page.tools.offersTunings(page.key)
             anchors.right: parent.right
             anchors.rightMargin: 6
             anchors.verticalCenter: parent.verticalCenter
             text: "Tunings"
-            flat: true
             onClicked: page.tools.openTunings(page.tab)
-            contentItem: Text {
-                text: tunings.text
-                color: Theme.accent
-                font.pixelSize: 15
-                font.family: Theme.fontFamily
-                verticalAlignment: Text.AlignVCenter
-            }
-            background: Item {}
         }
     }
 

@@ -33,11 +33,14 @@ TabBar {
                     font.pixelSize: 20
                     color: bar.tools.currentTab === button.index ? Theme.accent : Theme.textDim
                 }
+                // The whole title, made smaller where the tab is narrow.
                 Text {
-                    anchors.horizontalCenter: parent.horizontalCenter
+                    width: button.width - 4
+                    horizontalAlignment: Text.AlignHCenter
                     text: button.modelData.title
                     font.pixelSize: 10
-                    font.family: Theme.fontFamily
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 7
                     color: bar.tools.currentTab === button.index ? Theme.accent : Theme.textDim
                 }
             }

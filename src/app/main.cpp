@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFont>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
@@ -34,6 +35,8 @@ int main(int argc, char* argv[]) {
     QGuiApplication app(argc, argv);
     QGuiApplication::setApplicationDisplayName("ZebTools");
     QQuickStyle::setStyle("Basic");
+    // Every text of the views, controls and plain Text items alike.
+    QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans")));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(

@@ -37,7 +37,6 @@ Rectangle {
         contentItem: Text {
             text: choice.text
             color: choice.active ? Theme.background : Theme.text
-            font.family: Theme.fontFamily
             font.bold: true
             font.pixelSize: 18
             horizontalAlignment: Text.AlignHCenter
@@ -92,7 +91,6 @@ Rectangle {
                         anchors.horizontalCenter: parent.horizontalCenter
                         text: denominator.modelData.value + "  " + denominator.modelData.glyph
                         color: denominator.active ? Theme.background : Theme.text
-                        font.family: Theme.fontFamily
                         font.bold: true
                         font.pixelSize: 34
                     }
@@ -100,7 +98,6 @@ Rectangle {
                         anchors.horizontalCenter: parent.horizontalCenter
                         text: denominator.modelData.caption
                         color: denominator.active ? Theme.background : Theme.textDim
-                        font.family: Theme.fontFamily
                         font.pixelSize: 11
                     }
                 }

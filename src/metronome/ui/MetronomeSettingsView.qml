@@ -1,9 +1,9 @@
 // The metronome settings table: the first-beat accent switch, the five sound
-// packs with a check on the selected one, and the custom presets with a check
-// on the one matching the metronome's settings. A preset row is deleted by
-// swiping it left or with its delete button. Everything shown comes from the
-// MetronomeSettings object and every touch is forwarded to it; the add-preset
-// dialog is PresetDialogs. The shell draws the navigation bar.
+// packs with a tick on the selected one, and the custom presets (PresetRow)
+// with a tick on the one matching the metronome's settings. Everything
+// shown comes from the MetronomeSettings object and every touch is
+// forwarded to it; the add-preset dialog is PresetDialogs. The shell draws
+// the navigation bar. In a wide window the cards keep to a centred column.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -15,126 +15,7 @@ Rectangle {
 
     required property MetronomeSettings screen
 
-    readonly property int margin: 12
-    readonly property int radius: 10
-    readonly property color danger: "#E5484D"
-
     color: Theme.background
-
-    // A group of rows on a rounded card.
-    component Card: Rectangle {
-        default property alias rows: cardColumn.data
-
-        function forceLayout() {
-            cardColumn.forceLayout()
-        }
-
-        x: view.margin
-        width: view.width - 2 * view.margin
-        height: cardColumn.height + 2
-        radius: view.radius
-        color: Theme.panel
-        border.color: Theme.separator
-
-        // Inside the border.
-        Column {
-            id: cardColumn
-            x: 1
-            y: 1
-            width: parent.width - 2
-        }
-    }
-
-    component SectionHeader: Text {
-        x: view.margin + 6
-        width: view.width - 2 * x
-        height: 34
-        verticalAlignment: Text.AlignBottom
-        bottomPadding: 7
-        color: Theme.textDim
-        font.family: Theme.fontFamily
-        font.pixelSize: 12
-        font.bold: true
-        font.letterSpacing: 1
-        font.capitalization: Font.AllUppercase
-    }
-
-    // The hairline between two rows of a card.
-    component RowSeparator: Rectangle {
-        x: 16
-        width: parent.width - x
-        height: 1
-        color: Theme.separator
-    }
-
-    // A row's title; a marked row's is bold in the accent colour.
-    component RowText: Text {
-        property bool marked: false
-
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideRight
-        textFormat: Text.PlainText
-        color: marked ? Theme.accent : Theme.text
-        font.family: Theme.fontFamily
-        font.pixelSize: 16
-        font.bold: marked
-    }
-
-    // The delete button of a preset row, for a pointer without swiping.
-    component DeleteButton: ToolButton {
-        id: deleteButton
-
-        width: 34
-        height: 34
-        hoverEnabled: true
-        ToolTip.visible: hovered
-        ToolTip.delay: 600
-        ToolTip.text: view.screen.deleteText
-        contentItem: Text {
-            text: "\u2715"
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            color: deleteButton.hovered || deleteButton.down ? view.danger : Theme.textDim
-            font.pixelSize: 14
-        }
-        background: Rectangle {
-            radius: width / 2
-            color: deleteButton.down ? Theme.panelLight : "transparent"
-        }
-    }
-
-    component CheckMark: Text {
-        text: "\u2713"
-        color: Theme.accent
-        font.pixelSize: 19
-        font.bold: true
-    }
-
-    // A row's background, darker while pressed. The first and last rows of a
-    // card round the card's corners and keep their other corners square.
-    component RowBackground: Rectangle {
-        required property bool down
-        property bool first: false
-        property bool last: false
-        property color base: "transparent"
-
-        color: down ? Theme.panelLight : base
-        radius: first || last ? view.radius - 1 : 0
-
-        Rectangle {
-            visible: !parent.first
-            width: parent.width
-            height: parent.radius
-            color: parent.color
-        }
-        Rectangle {
-            visible: !parent.last
-            y: parent.height - height
-            width: parent.width
-            height: parent.radius
-            color: parent.color
-        }
-    }
 
     Flickable {
         id: flick
@@ -150,25 +31,20 @@ Rectangle {
         Column {
             id: content
 
+            x: (flick.width - width) / 2
             y: 16
-            width: flick.width
+            width: Math.min(flick.width - 24, Theme.columnWidth)
 
             Card {
-                ItemDelegate {
-                    id: accentRow
+                width: content.width
 
+                CardRow {
                     objectName: "accentRow"
-                    width: parent.width
-                    height: Theme.rowHeight
-                    leftPadding: 16
-                    rightPadding: accentSwitch.width + 20
+                    title: view.screen.accentTitle
+                    first: true
+                    last: true
+                    trailing: accentSwitch.width + 6
                     onClicked: view.screen.toggleAccent()
-                    background: RowBackground {
-                        down: accentRow.down
-                        first: true
-                        last: true
-                    }
-                    contentItem: RowText { text: view.screen.accentTitle }
 
                     Switch {
                         id: accentSwitch
@@ -202,58 +78,39 @@ Rectangle {
             }
 
             SectionHeader {
+                width: content.width
                 text: view.screen.packHeader
             }
 
             Card {
+                width: content.width
+
                 Repeater {
                     model: view.screen.packNames
 
-                    ItemDelegate {
-                        id: packRow
-
+                    CardRow {
                         required property string modelData
                         required property int index
-                        readonly property bool marked: index + 1 === view.screen.packNumber
 
                         objectName: "packRow" + (index + 1)
-                        width: parent.width
-                        height: Theme.rowHeight
-                        leftPadding: 16
-                        rightPadding: 14
+                        title: modelData
+                        marked: index + 1 === view.screen.packNumber
+                        first: index === 0
+                        last: index === view.screen.packNames.length - 1
                         onClicked: view.screen.choosePack(index + 1)
-                        background: RowBackground {
-                            down: packRow.down
-                            first: packRow.index === 0
-                            last: packRow.index === view.screen.packNames.length - 1
-                        }
-                        contentItem: RowText {
-                            rightPadding: 30
-                            text: packRow.modelData
-                            marked: packRow.marked
-                        }
-
-                        CheckMark {
-                            anchors.right: parent.right
-                            anchors.rightMargin: 14
-                            anchors.verticalCenter: parent.verticalCenter
-                            visible: packRow.marked
-                        }
-
-                        RowSeparator {
-                            anchors.bottom: parent.bottom
-                            visible: packRow.index < view.screen.packNames.length - 1
-                        }
                     }
                 }
             }
 
             SectionHeader {
+                width: content.width
                 text: view.screen.presetsHeader
             }
 
             Card {
                 id: presetsCard
+
+                width: content.width
 
                 ItemDelegate {
                     id: addRow
@@ -290,13 +147,11 @@ Rectangle {
                             anchors.verticalCenter: parent.verticalCenter
                             text: view.screen.addPresetTitle
                             color: Theme.accent
-                            font.family: Theme.fontFamily
                             font.pixelSize: 16
                         }
                     }
 
                     RowSeparator {
-                        anchors.bottom: parent.bottom
                         visible: view.screen.presetNames.length > 0
                     }
                 }
@@ -304,88 +159,13 @@ Rectangle {
                 Repeater {
                     model: view.screen.presetNames
 
-                    SwipeDelegate {
-                        id: presetRow
-
+                    PresetRow {
                         required property string modelData
                         required property int index
-                        readonly property int row: index + 1
-                        readonly property bool marked: row === view.screen.presetNumber
 
-                        objectName: "presetRow" + row
-                        width: parent.width
-                        height: Theme.rowHeight
-                        leftPadding: 16
-                        rightPadding: 6
-                        clip: true
-                        onClicked: view.screen.choosePreset(row)
-                        // Opaque: it slides over the delete button with the row.
-                        background: RowBackground {
-                            down: presetRow.down
-                            last: presetRow.row === view.screen.presetNames.length
-                            base: Theme.panel
-                        }
-                        // Slides with the swipe, so the mark and the delete button
-                        // are part of it.
-                        contentItem: Item {
-                            RowText {
-                                anchors.fill: parent
-                                rightPadding: 70
-                                text: presetRow.modelData
-                                marked: presetRow.marked
-                            }
-                            CheckMark {
-                                anchors.right: parent.right
-                                anchors.rightMargin: 40
-                                anchors.verticalCenter: parent.verticalCenter
-                                visible: presetRow.marked
-                            }
-                            DeleteButton {
-                                objectName: "deletePreset" + presetRow.row
-                                anchors.right: parent.right
-                                anchors.verticalCenter: parent.verticalCenter
-                                onClicked: view.screen.deletePreset(presetRow.row)
-                            }
-                        }
-
-                        swipe.right: Rectangle {
-                            id: swipeDelete
-
-                            x: presetRow.width - width
-                            width: 88
-                            height: presetRow.height
-                            color: swipeDelete.SwipeDelegate.pressed ? Qt.darker(view.danger, 1.2)
-                                                                     : view.danger
-                            radius: presetRow.row === view.screen.presetNames.length ? view.radius - 1
-                                                                                     : 0
-                            SwipeDelegate.onClicked: view.screen.deletePreset(presetRow.row)
-
-                            // Only the card's corner is round.
-                            Rectangle {
-                                width: parent.width
-                                height: parent.radius
-                                color: parent.color
-                            }
-                            Rectangle {
-                                width: parent.radius
-                                height: parent.height
-                                color: parent.color
-                            }
-
-                            Text {
-                                anchors.centerIn: parent
-                                text: view.screen.deleteText
-                                color: Theme.text
-                                font.family: Theme.fontFamily
-                                font.pixelSize: 15
-                                font.bold: true
-                            }
-                        }
-
-                        RowSeparator {
-                            anchors.bottom: parent.bottom
-                            visible: presetRow.row < view.screen.presetNames.length
-                        }
+                        screen: view.screen
+                        row: index + 1
+                        name: modelData
                     }
                 }
             }
