@@ -12,6 +12,7 @@
 #include "app/ApplicationFacade.h"
 #include "app/Screens.h"
 #include "app/Tools.h"
+#include "state/StateKeys.h"
 
 using namespace zt;
 
@@ -26,6 +27,8 @@ QString keyOf(const ScreenRow& row) {
 }  // namespace
 
 TEST_F(ScreensTest, KeysAreUniqueAndEachTabsRootIsARowOfThatTab) {
+    // The saved tab is one of them.
+    EXPECT_EQ(toolTabs().size(), size_t(state::kSelectedViewController.max + 1));
     std::set<std::string_view> keys;
     for (const ScreenRow& row : screenTable())
         EXPECT_TRUE(keys.insert(row.key).second) << row.key;

@@ -18,7 +18,7 @@ Button {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
     }
-    background: Rectangle {
+    background: RoundedBox {
         radius: height / 2
         color: round.down ? Theme.panelLight : round.fill
         border.color: round.down ? Theme.accent : Theme.separator

@@ -40,6 +40,8 @@ class Metronome : public zt::Screen, public MetronomeControls {
     Q_PROPERTY(QStringList tempoDigits READ tempoDigits NOTIFY tempoChanged)
     Q_PROPERTY(QString tempoName READ tempoName NOTIFY tempoChanged)
     Q_PROPERTY(int numerator READ numerator NOTIFY settingsChanged)
+    // The numerators offered are 1 to numeratorCount.
+    Q_PROPERTY(int numeratorCount READ numeratorCount CONSTANT)
     Q_PROPERTY(int denominator READ denominator NOTIFY settingsChanged)
     Q_PROPERTY(int pattern READ pattern NOTIFY settingsChanged)
     // Whether each subdivision pattern, 1 to 6 at indices 0 to 5, may be
@@ -77,6 +79,7 @@ public:
     QStringList tempoDigits() const;
     QString tempoName() const;
     int numerator() const { return core_.setup().timeSig1Value; }
+    int numeratorCount() const { return state::metronome::kTimeSig1Value.max; }
     int denominator() const { return core_.setup().timeSig2Value; }
     int pattern() const { return core_.setup().notesPerBeat; }
     QVariantList patternOffered() const;

@@ -18,7 +18,9 @@ Rectangle {
     required property Metronome screen
 
     readonly property bool landscape: width >= 600
-    readonly property real columnWidth: landscape ? Math.min((width - 30) / 2, 420) : width - 20
+    // Whole units, for the layered backgrounds (RoundedBox).
+    readonly property real columnWidth: Math.floor(landscape ? Math.min((width - 30) / 2, 420)
+                                                             : width - 20)
     readonly property real leftX: landscape ? (width - 2 * columnWidth - 10) / 2 : 10
     readonly property real rightX: landscape ? leftX + columnWidth + 10 : leftX
     // The rows under the display and the wheel.
@@ -103,17 +105,12 @@ Rectangle {
                 }
             }
         }
-        // Drawn in its own layer: the software renderer pieces a rounded
-        // rectangle together from corners and strips, and scaled to the
-        // window their edges leave dark seams across a pill's round ends.
-        background: Rectangle {
+        background: RoundedBox {
             radius: height / 2
             color: view.screen.isPlaying ? Theme.panelLight : Theme.accent
             border.color: Theme.accent
             border.width: 2
             opacity: startStop.down ? 0.8 : 1
-            layer.enabled: true
-            layer.smooth: true
         }
     }
 }

@@ -14,7 +14,7 @@ Item {
 
     clip: true
 
-    Rectangle {
+    RoundedBox {
         anchors.fill: parent
         radius: 14
         color: Theme.panel

@@ -20,13 +20,13 @@ Item {
         autoRepeat: true
     }
 
-    Rectangle {
+    RoundedBox {
         anchors.fill: wheel
         radius: 12
         color: Theme.panel
         border.color: Theme.separator
     }
-    Rectangle {
+    RoundedBox {
         anchors.horizontalCenter: wheel.horizontalCenter
         anchors.verticalCenter: wheel.verticalCenter
         width: wheel.width - 8

@@ -12,17 +12,22 @@ Row {
 
     spacing: 8
 
-    readonly property real buttonWidth: (width - 2 * spacing) / 3
+    // Whole units: a fractional width would cut the edge of a layered background.
+    readonly property real buttonWidth: Math.floor((width - 2 * spacing) / 3)
 
-    Rectangle {
+    Item {
         objectName: "timeSignatureButton"
         width: values.buttonWidth
         height: parent.height
-        radius: 10
-        color: Theme.panel
-        border.color: values.screen.panel === Metronome.NumeratorPanel
-                      || values.screen.panel === Metronome.DenominatorPanel
-                      ? Theme.accent : Theme.separator
+
+        RoundedBox {
+            anchors.fill: parent
+            radius: 10
+            color: Theme.panel
+            border.color: values.screen.panel === Metronome.NumeratorPanel
+                          || values.screen.panel === Metronome.DenominatorPanel
+                          ? Theme.accent : Theme.separator
+        }
 
         Column {
             anchors.fill: parent
@@ -45,7 +50,7 @@ Row {
                         horizontalAlignment: Text.AlignHCenter
                         verticalAlignment: Text.AlignVCenter
                     }
-                    background: Rectangle {
+                    background: RoundedBox {
                         radius: 10
                         color: half.down ? Theme.panelLight : "transparent"
                     }
@@ -73,7 +78,7 @@ Row {
             pattern: values.screen.pattern
             color: values.screen.panel === Metronome.PatternPanel ? Theme.accent : Theme.text
         }
-        background: Rectangle {
+        background: RoundedBox {
             radius: 10
             color: patternButton.down ? Theme.panelLight : Theme.panel
             border.color: values.screen.panel === Metronome.PatternPanel ? Theme.accent
@@ -97,7 +102,7 @@ Row {
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
         }
-        background: Rectangle {
+        background: RoundedBox {
             radius: 10
             color: tapButton.down ? Theme.panelLight : Theme.panel
             border.color: tapButton.down ? Theme.accent : Theme.separator
