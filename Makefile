@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 BUILD_DIR := build/default
 ASAN_DIR := build/asan
 
-.PHONY: all deps build run screenshots test test-asan bench format-check clean
+.PHONY: all deps build run screenshots test test-asan bench format-check package package-check clean
 
 all: build
 
@@ -42,6 +42,14 @@ test-asan: deps
 format-check: deps
 	@bash tools/check-format.sh
 	@bash tools/check-length.sh
+
+# The Debian package, in build/package/.
+package: build
+	@cd $(BUILD_DIR) && cpack -B ../package
+
+# The package built, checked, installed with apt and run (CI).
+package-check: deps
+	@bash tools/check-package.sh
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done

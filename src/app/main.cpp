@@ -26,7 +26,7 @@ Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)
 int main(int argc, char* argv[]) {
     QCoreApplication::setOrganizationName("zebtools");
     QCoreApplication::setApplicationName("zebtools");
-    QCoreApplication::setApplicationVersion("0.1.0");
+    QCoreApplication::setApplicationVersion(ZEBTOOLS_VERSION);
 
     const bool headless = qEnvironmentVariable("QT_QPA_PLATFORM") == QLatin1String("offscreen");
     if (headless)
@@ -34,6 +34,7 @@ int main(int argc, char* argv[]) {
 
     QGuiApplication app(argc, argv);
     QGuiApplication::setApplicationDisplayName("ZebTools");
+    QGuiApplication::setDesktopFileName("org.zebtools.ZebTools");
     QQuickStyle::setStyle("Basic");
     // Every text of the views, controls and plain Text items alike.
     QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans")));

@@ -86,11 +86,12 @@ void StreamVoice::run() {
         stopLock.unlock();
         {
             auto alLock = al_.lock();
-            for (;;) {
-                ALint processed = 0;
-                alGetSourcei(source_, AL_BUFFERS_PROCESSED, &processed);
-                if (processed <= 0)
-                    break;
+            // Counted once: on a source stopped by an underrun every queued
+            // buffer reads as processed, the refilled ones too, so asking
+            // again after each refill would never end.
+            ALint processed = 0;
+            alGetSourcei(source_, AL_BUFFERS_PROCESSED, &processed);
+            for (; processed > 0; --processed) {
                 ALuint buffer = 0;
                 alSourceUnqueueBuffers(source_, 1, &buffer);
                 retired_ += kBlockFrames;

@@ -6,6 +6,8 @@
 
 #include <atomic>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <numbers>
 #include <thread>
@@ -193,6 +195,42 @@ TEST(SoundEngineStream, PlaysTheRendererWithoutGaps) {
     for (size_t at = 0; at + 88 <= steady.size(); at += 88) {
         ASSERT_GT(rms(steady.subspan(at, 88)), 0.2) << "gap at frame " << at;
     }
+}
+
+// A renderer that stalls once for longer than the queue lasts: the source
+// runs dry and stops, and the stream must pick up again and still stop when
+// asked (it once spun forever re-queueing buffers on the stopped source).
+struct StallingRenderer : SineRenderer {
+    void render(float* out, int frames, std::int64_t firstFrame) override {
+        if (firstFrame == 44100 / 5 / frames * frames)
+            std::this_thread::sleep_for(150ms);
+        SineRenderer::render(out, frames, firstFrame);
+    }
+};
+
+TEST(SoundEngineStream, RecoversFromAnUnderrun) {
+    WaveRecorder recorder;
+    StallingRenderer renderer;
+    ASSERT_TRUE(recorder.engine().startStream(&renderer));
+    std::this_thread::sleep_for(600ms);
+    const std::int64_t before = recorder.engine().streamPosition();
+    std::this_thread::sleep_for(300ms);
+    const std::int64_t advanced = recorder.engine().streamPosition() - before;
+    EXPECT_GT(advanced, 44100 / 5) << "the stream did not resume";
+    EXPECT_LT(advanced, 44100 / 2) << "the stream clock ran ahead of the sound";
+
+    std::atomic<bool> stopped{false};
+    std::thread watchdog([&stopped] {
+        for (int i = 0; i < 100 && !stopped; ++i)
+            std::this_thread::sleep_for(100ms);
+        if (!stopped) {
+            std::fprintf(stderr, "the stream thread did not stop after an underrun\n");
+            std::_Exit(1);
+        }
+    });
+    recorder.engine().stopStream();
+    stopped = true;
+    watchdog.join();
 }
 
 TEST_P(MediaProxyNotes, StringSoundsAtItsFretsPitch) {
