@@ -1,9 +1,9 @@
 #pragma once
 // The table of screens and the list of tabs. The shell builds its screens
 // and stacks from them, start-up registers the mediators from them, and the
-// QML page loads each screen's view from them; nothing else names a screen's
-// classes. A new screen is its own files (screen, delegate, mediator and
-// view in its tool's ui/ folder) plus one row here.
+// QML page loads each screen's view from them; nothing else makes a screen
+// or its mediator. A new screen is its own files (screen, delegate, mediator
+// and view in its tool's ui/ folder) plus one row here.
 
 #include <memory>
 #include <string_view>
