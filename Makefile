@@ -37,9 +37,11 @@ test-asan: deps
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
 
-# Every tracked C++ file as clang-format makes it (the repository's .clang-format).
+# Every tracked C++ file as clang-format makes it (the repository's .clang-format),
+# and no source file over 300 lines.
 format-check: deps
 	@bash tools/check-format.sh
+	@bash tools/check-length.sh
 
 # The Debian package, in build/package/.
 package: build

@@ -1,17 +1,29 @@
 # The screens (QObject classes holding each screen's behaviour), their
 # mediators, the shell, and the QML that draws them, as one QML module
-# "ZebTools". Each folder lists its own files in its ui.cmake, appending to
-# ZT_UI_SOURCES (C++), ZT_QML_FILES (QML, paths relative to src/) and
-# ZT_UI_LIBS (core libraries the screens use).
+# "ZebTools". The shell and the shared controls are listed in app/ui.cmake;
+# each tool's screens are whatever its ui/ folder holds, so a new screen
+# needs no build change. A tool's plain library, zt_<tool>, is linked when
+# it exists.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickControls2 DBus Test QuickTest)
 qt_standard_project_setup()
 
 set(ZT_UI_SOURCES)
 set(ZT_QML_FILES)
-set(ZT_UI_LIBS)
-foreach(dir app state tuners metronome chords sound)
-  if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/ui.cmake)
-    include(${CMAKE_CURRENT_SOURCE_DIR}/${dir}/ui.cmake)
+set(ZT_UI_LIBS zt_state zt_sound)
+include(app/ui.cmake)
+foreach(tool tuners metronome chords)
+  file(GLOB tool_sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}
+    ${tool}/ui/*.h ${tool}/ui/*.cpp)
+  file(GLOB tool_qml CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${tool}/ui/*.qml)
+  list(APPEND ZT_UI_SOURCES ${tool_sources})
+  list(APPEND ZT_QML_FILES ${tool_qml})
+  if(tool_sources)
+    # The generated type registration includes each QML_ELEMENT header by
+    # its bare file name.
+    include_directories(${CMAKE_CURRENT_SOURCE_DIR}/${tool}/ui)
+  endif()
+  if(TARGET zt_${tool})
+    list(APPEND ZT_UI_LIBS zt_${tool})
   endif()
 endforeach()
 

@@ -7,19 +7,11 @@ namespace zt {
 
 void ApplicationFacade::initializeController() {
     Facade::initializeController();
-    // The order fixes which observer comes first on each name: a command
-    // always runs before any mediator listening to the same name.
+    // The command table. Each command's observer is registered here, before
+    // any mediator exists, so a command always runs before the mediators
+    // listening to the same name.
     registerCommand("Startup", commandClass<StartupCommand>());
-    registerCommand("SaveMetronomeState", commandClass<SaveMetronomeStateCommand>());
-    registerCommand("SaveBrainTunerState", commandClass<SaveBrainTunerStateCommand>());
-    registerCommand("SaveChromaticTunerState", commandClass<SaveChromaticTunerStateCommand>());
-    registerCommand("SaveChordsLibraryState", commandClass<SaveChordsLibraryStateCommand>());
-    registerCommand("SaveCommonState", commandClass<SaveCommonStateCommand>());
-    registerCommand("GetMetronomeSavedData", commandClass<GetMetronomeSaveDataCommand>());
-    registerCommand("GetBrainTunerSavedData", commandClass<GetBrainTunerSaveDataCommand>());
-    registerCommand("GetChromaticTunerSavedData", commandClass<GetChromTunerSaveDataCommand>());
-    registerCommand("GetChordsLibrarySavedData", commandClass<GetChordsLibraryStateCommand>());
-    registerCommand("GetCommonState", commandClass<GetCommonStateCommand>());
+    registerStateCommands(*this);
 }
 
 void ApplicationFacade::startup(Tools* tools) {

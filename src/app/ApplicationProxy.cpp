@@ -22,8 +22,8 @@ std::string ApplicationProxy::getSettingsPath() const {
 }
 
 void ApplicationProxy::readActiveTabIndex() {
-    const int index = stateProxy(facade())->getSelectedViewController();
-    activeTabIndex_ = (index >= 0 && index <= 3) ? index : 0;
+    // The saved-state key's range is the tabs'; anything else reads as 0.
+    activeTabIndex_ = stateProxy(facade())->getSelectedViewController();
     sendNotification("ActiveTabIndexReady");
 }
 

@@ -25,7 +25,6 @@ Rectangle {
         color: Theme.accent
         font.pixelSize: 34
         font.bold: true
-        font.family: Theme.fontFamily
     }
 
     Text {
@@ -37,7 +36,6 @@ Rectangle {
         text: "Loading sounds..."
         color: "white"
         font.pixelSize: 15
-        font.family: Theme.fontFamily
     }
 
     BusyIndicator {

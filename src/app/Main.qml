@@ -39,7 +39,7 @@ ApplicationWindow {
                 currentIndex: window.tools.currentTab
 
                 Repeater {
-                    model: window.tools.toolItems.length
+                    model: window.tools.tabs.length
                     ToolStack {
                         required property int index
                         tools: window.tools

@@ -1,15 +1,16 @@
 import QtQuick
 import ZebTools
 
-// The page of a tool that has no view of its own yet: its title only.
+// The page of a screen that has no view of its own yet: its title only.
 Item {
-    property string title
+    id: view
+
+    required property PlaceholderScreen screen
 
     Text {
         anchors.centerIn: parent
-        text: parent.title
+        text: view.screen.title
         color: Theme.textDim
         font.pixelSize: 22
-        font.family: Theme.fontFamily
     }
 }

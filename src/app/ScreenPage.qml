@@ -4,7 +4,8 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // A screen on a navigation stack: the navigation bar (back button, title,
-// the tool's bar button) above the view that draws the screen.
+// the "Tunings" button where the screen table offers it) above the screen's
+// view, loaded from the table with the screen as its one property.
 Page {
     id: page
     required property Tools tools
@@ -12,13 +13,7 @@ Page {
     required property string key
     required property int depth
 
-    readonly property var screen: tools.screen(key)
-    // Views of the screens that have one; the others show their title.
-    readonly property var views: ({
-        "metronome": "qrc:/ZebTools/metronome/MetronomeView.qml",
-        "metronomeSettings": "qrc:/ZebTools/metronome/MetronomeSettingsView.qml",
-        "commonSettings": "qrc:/ZebTools/tuners/CommonSettingsView.qml"
-    })
+    readonly property Screen screen: tools.screen(key)
     readonly property bool isRoot: depth === 1
 
     background: Rectangle { color: Theme.background }
@@ -27,24 +22,14 @@ Page {
         height: Theme.navBarHeight
         color: Theme.navBar
 
-        Button {
-            id: back
+        NavBarButton {
             objectName: "backButton"
             visible: !page.isRoot
             anchors.left: parent.left
             anchors.leftMargin: 6
             anchors.verticalCenter: parent.verticalCenter
             text: "\u2039 Back"
-            flat: true
             onClicked: page.tools.goBack(page.tab)
-            contentItem: Text {
-                text: back.text
-                color: Theme.accent
-                font.pixelSize: 15
-                font.family: Theme.fontFamily
-                verticalAlignment: Text.AlignVCenter
-            }
-            background: Item {}
         }
 
         Text {
@@ -56,41 +41,21 @@ Page {
             color: Theme.text
             font.pixelSize: 17
             font.bold: true
-            font.family: Theme.fontFamily
         }
 
-        Button {
-            id: tunings
+        NavBarButton {
             objectName: "tuningsButton"
-            visible: page.isRoot && page.tab > 0 && !(page.key in page.views)
+            visible: page.isRoot && page.tools.offersTunings(page.key)
             anchors.right: parent.right
             anchors.rightMargin: 6
             anchors.verticalCenter: parent.verticalCenter
             text: "Tunings"
-            flat: true
             onClicked: page.tools.openTunings(page.tab)
-            contentItem: Text {
-                text: tunings.text
-                color: Theme.accent
-                font.pixelSize: 15
-                font.family: Theme.fontFamily
-                verticalAlignment: Text.AlignVCenter
-            }
-            background: Item {}
         }
-    }
-
-    PlaceholderView {
-        anchors.fill: parent
-        visible: !(page.key in page.views)
-        title: page.screen ? page.screen.title : ""
     }
 
     Loader {
         anchors.fill: parent
-        Component.onCompleted: {
-            if (page.key in page.views)
-                setSource(page.views[page.key], { screen: page.screen })
-        }
+        Component.onCompleted: setSource(page.tools.viewUrl(page.key), { screen: page.screen })
     }
 }

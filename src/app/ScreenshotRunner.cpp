@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "app/Screens.h"
 #include "app/Tools.h"
 
 namespace zt {
@@ -13,12 +14,15 @@ namespace zt {
 namespace {
 // Time for a pushed page's animation to settle before it is captured.
 constexpr int kSettleMs = 600;
-const QStringList kToolFiles = {"metronome", "chromatic-tuner", "brain-tuner", "chords"};
 }  // namespace
 
 ScreenshotRunner::ScreenshotRunner(QQuickWindow* window, Tools* tools, const QString& dir,
                                    QObject* parent)
-    : QObject(parent), window_(window), tools_(tools), dir_(dir) {}
+    : QObject(parent), window_(window), tools_(tools), dir_(dir) {
+    // "Chromatic Tuner" is drawn to chromatic-tuner.png.
+    for (const ToolTab& tab : toolTabs())
+        toolFiles_.append(QString::fromUtf8(tab.title).toLower().replace(' ', '-'));
+}
 
 void ScreenshotRunner::start() {
     dir_.mkpath(".");
@@ -36,20 +40,20 @@ void ScreenshotRunner::grab(const QString& name) {
 void ScreenshotRunner::step() {
     // Each step captures what the previous one put on screen, then shows the
     // next thing: the four tools, the tunings list, the metronome settings.
-    const int tools = static_cast<int>(kToolFiles.size());
+    const int tools = static_cast<int>(toolFiles_.size());
     if (step_ < tools) {
         if (step_ > 0)
-            grab(kToolFiles[step_ - 1]);
+            grab(toolFiles_[step_ - 1]);
         tools_->previewTab(step_);
     } else if (step_ == tools) {
-        grab(kToolFiles[tools - 1]);
+        grab(toolFiles_[tools - 1]);
         tools_->previewTab(1);
         tools_->openTunings(1);
     } else if (step_ == tools + 1) {
         grab("tunings");
         tools_->goBack(1);
         tools_->previewTab(0);
-        tools_->showMetronomeSettings();
+        tools_->show(QStringLiteral("metronomeSettings"));
     } else {
         grab("metronome-settings");
         tools_->goBack(0);

@@ -27,6 +27,7 @@ private:
     QQuickWindow* window_;
     Tools* tools_;
     QDir dir_;
+    QStringList toolFiles_;
     int step_ = 0;
     QStringList written_;
 };

@@ -1,18 +1,13 @@
 #include "app/StartupCommand.h"
 
 #include "app/ApplicationProxy.h"
+#include "app/Screens.h"
 #include "app/Tools.h"
 #include "app/ToolsMediator.h"
 #include "framework/Facade.h"
-#include "metronome/Metronome.h"
-#include "metronome/MetronomeMediator.h"
 #include "metronome/MetronomeProxy.h"
-#include "metronome/MetronomeSettings.h"
-#include "metronome/MetronomeSettingsMediator.h"
 #include "sound/MediaProxy.h"
 #include "state/StateProxy.h"
-#include "tuners/CommonSettings.h"
-#include "tuners/CommonSettingsMediator.h"
 #include "tuners/SettingsProxy.h"
 
 namespace zt {
@@ -37,16 +32,11 @@ void StartupCommand::execute(const Notification& notification) {
 
     if (!tools)
         return;
-    // One mediator per screen, in this order, after the shell's own.
+    // The shell's mediator first, then one per screen in the table's order.
     f.registerMediator(makeMediator<ToolsMediator>(tools, tools->analytics()));
-    if (auto* screen = qobject_cast<Metronome*>(tools->screen("metronome"))) {
-        f.registerMediator(makeMediator<MetronomeMediator>(screen));
-    }
-    if (auto* screen = qobject_cast<MetronomeSettings*>(tools->screen("metronomeSettings"))) {
-        f.registerMediator(makeMediator<MetronomeSettingsMediator>(screen));
-    }
-    if (auto* screen = qobject_cast<CommonSettings*>(tools->screen("commonSettings"))) {
-        f.registerMediator(makeMediator<CommonSettingsMediator>(screen));
+    for (const ScreenRow& row : screenTable()) {
+        if (row.makeMediator)
+            f.registerMediator(row.makeMediator(tools->screen(QString::fromUtf8(row.key))));
     }
 }
 

@@ -3,15 +3,16 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // One tab's navigation stack. It mirrors the shell's stack for this tab:
-// the shell decides what is pushed, this view animates it.
+// the shell decides what is pushed, this view animates it. The stack makes
+// its pages and destroys them when they are popped or the window closes.
 StackView {
     id: stack
     required property Tools tools
     required property int tab
 
-    function pageFor(key) {
-        return pageComponent.createObject(null, { tools: stack.tools, tab: stack.tab, key: key,
-                                                  depth: stack.depth + 1 })
+    function pushPage(key, operation) {
+        push(pageComponent, { tools: stack.tools, tab: stack.tab, key: key, depth: stack.depth + 1 },
+             operation)
     }
 
     Component {
@@ -23,11 +24,11 @@ StackView {
         target: stack.tools
         function onTabBarReadyChanged() {
             if (stack.tools.tabBarReady && stack.depth === 0)
-                stack.push(stack.pageFor(stack.tools.stack(stack.tab)[0]), {}, StackView.Immediate)
+                stack.pushPage(stack.tools.stack(stack.tab)[0], StackView.Immediate)
         }
         function onPushed(tab, key) {
             if (tab === stack.tab)
-                stack.push(stack.pageFor(key))
+                stack.pushPage(key, StackView.PushTransition)
         }
         function onPopped(tab) {
             if (tab === stack.tab)
@@ -37,6 +38,6 @@ StackView {
 
     Component.onCompleted: {
         if (tools.tabBarReady)
-            push(pageFor(tools.stack(tab)[0]), {}, StackView.Immediate)
+            pushPage(tools.stack(tab)[0], StackView.Immediate)
     }
 }

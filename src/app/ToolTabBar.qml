@@ -8,9 +8,6 @@ TabBar {
     id: bar
     required property Tools tools
 
-    readonly property var labels: ["Metronome", "Chromatic", "Brain Tuner", "Chords"]
-    readonly property var glyphs: ["\u2669", "\u266F", "\u266A", "\u266B"]
-
     implicitHeight: Theme.tabBarHeight
     currentIndex: tools.currentTab
     background: Rectangle {
@@ -19,10 +16,11 @@ TabBar {
     }
 
     Repeater {
-        model: bar.labels.length
+        model: bar.tools.tabs
         TabButton {
             id: button
             required property int index
+            required property var modelData
             objectName: "tab" + index
             height: Theme.tabBarHeight
             onClicked: bar.tools.selectTab(index)
@@ -31,15 +29,18 @@ TabBar {
                 topPadding: 4
                 Text {
                     anchors.horizontalCenter: parent.horizontalCenter
-                    text: bar.glyphs[button.index]
+                    text: button.modelData.glyph
                     font.pixelSize: 20
                     color: bar.tools.currentTab === button.index ? Theme.accent : Theme.textDim
                 }
+                // The whole title, made smaller where the tab is narrow.
                 Text {
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    text: bar.labels[button.index]
+                    width: button.width - 4
+                    horizontalAlignment: Text.AlignHCenter
+                    text: button.modelData.title
                     font.pixelSize: 10
-                    font.family: Theme.fontFamily
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 7
                     color: bar.tools.currentTab === button.index ? Theme.accent : Theme.textDim
                 }
             }

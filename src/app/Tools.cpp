@@ -1,78 +1,45 @@
 #include "app/Tools.h"
 
-#include <QMetaObject>
+#include <QVariantMap>
 
-#include "app/PlaceholderScreen.h"
 #include "app/ToolsDelegate.h"
 #include "framework/Log.h"
-#include "metronome/Metronome.h"
-#include "metronome/MetronomeSettings.h"
-#include "tuners/CommonSettings.h"
 
 namespace zt {
 
-namespace {
-// Tab order and the root screen of each tab.
-const QStringList kToolItems = {"METRONOME", "CHROMATIC", "BRAIN", "CHORDS"};
-const QStringList kRootScreens = {"metronome", "tunerChromatic", "tunerBrain", "chordsLibrary"};
-const QStringList kTabTitles = {"Metronome", "Chromatic Tuner", "Brain Tuner", "Chords"};
-
-enum Tab { MetronomeTab = 0, ChromaticTab = 1, BrainTab = 2, ChordsTab = 3 };
-
-// Title shown by a screen until its tool provides the real one.
-const QHash<QString, QString> kPlaceholderTitles = {
-    {"chordsLibrary", "Chords Library"},
-    {"chordsLibrarySettings", "Settings"},
-    {"tunerChromatic", "Chromatic Tuner"},
-    {"tunerBrain", "Brain Tuner"},
-    {"tunerChromaticSettings", "Settings"},
-    {"tunerBrainSettings", "Settings"},
-    {"tunerChromaticTaper", "Tapering functions"},
-    {"orchestraControl", "Orchestra Tuning"},
-    {"microphoneCalibrating", "Microphone sensitivity"},
-    {"howToEnter", "How to enter"},
-};
-}  // namespace
-
-const QStringList& Tools::screenKeys() {
-    static const QStringList keys = {
-        "metronome",      "metronomeSettings",   "chordsLibrary",          "chordsLibrarySettings",
-        "tunerChromatic", "tunerBrain",          "tunerChromaticSettings", "tunerBrainSettings",
-        "commonSettings", "tunerChromaticTaper", "orchestraControl",       "microphoneCalibrating",
-        "howToEnter"};
-    return keys;
-}
-
-Tools::Tools(QObject* parent) : QObject(parent), stacks_(kRootScreens.size()) {
-    for (const QString& key : screenKeys()) {
-        screens_.insert(key, new PlaceholderScreen(kPlaceholderTitles.value(key), this));
+Tools::Tools(const ScreenEngines& engines, QObject* parent)
+    : QObject(parent), stacks_(static_cast<qsizetype>(toolTabs().size())) {
+    for (const ScreenRow& row : screenTable()) {
+        Screen* made = row.makeScreen(*this, engines);
+        made->setParent(this);
+        made->setTitle(QString::fromUtf8(row.title));
+        screens_.insert(QString::fromUtf8(row.key), made);
     }
-    auto* metronome = new Metronome();
-    setScreen("metronome", metronome);
-    setScreen("metronomeSettings", new MetronomeSettings(metronome));
-    setScreen("commonSettings", new CommonSettings());
 }
 
 Tools::~Tools() = default;
 
-QObject* Tools::screen(const QString& key) const {
-    return screens_.value(key).data();
+Screen* Tools::screen(const QString& key) const {
+    return screens_.value(key);
 }
 
-void Tools::setScreen(const QString& key, QObject* screen) {
-    if (QObject* old = screens_.value(key).data(); old && old != screen && old->parent() == this) {
-        old->deleteLater();
+QUrl Tools::viewUrl(const QString& key) const {
+    const ScreenRow* row = screenRow(key.toStdString());
+    return row ? QUrl(QStringLiteral("qrc:/ZebTools/") + QString::fromUtf8(row->view)) : QUrl();
+}
+
+bool Tools::offersTunings(const QString& key) const {
+    const ScreenRow* row = screenRow(key.toStdString());
+    return row && row->tuningsButton;
+}
+
+QVariantList Tools::tabs() const {
+    QVariantList out;
+    for (const ToolTab& tab : toolTabs()) {
+        out.append(QVariantMap{{QStringLiteral("title"), QString::fromUtf8(tab.title)},
+                               {QStringLiteral("glyph"), QString::fromUtf8(tab.glyph)}});
     }
-    if (screen)
-        screen->setParent(this);
-    screens_.insert(key, screen);
-}
-
-QStringList Tools::tabTitles() const {
-    return kTabTitles;
-}
-QStringList Tools::toolItems() const {
-    return kToolItems;
+    return out;
 }
 
 QStringList Tools::stack(int tab) const {
@@ -84,38 +51,41 @@ QString Tools::visibleScreen() const {
     return s.isEmpty() ? QString() : s.last();
 }
 
-void Tools::callScreen(const QString& key, const char* method) {
-    QObject* target = screen(key);
-    if (!target)
-        return;
-    const QByteArray signature = QByteArray(method) + "()";
-    if (target->metaObject()->indexOfMethod(signature.constData()) >= 0) {
-        QMetaObject::invokeMethod(target, method);
-    }
+void Tools::willLeave(const QString& key) {
+    if (Screen* leaving = screen(key))
+        leaving->viewWillDisappear();
 }
 
-void Tools::setMetronomeTabBarVisible(bool visible) {
-    QObject* metronome = screen("metronome");
-    if (metronome && metronome->metaObject()->indexOfMethod("setTabBarIsVisible(bool)") >= 0) {
-        QMetaObject::invokeMethod(metronome, "setTabBarIsVisible", Q_ARG(bool, visible));
+void Tools::didLeave(const QString& leaving, const QString& showing) {
+    if (Screen* left = screen(leaving))
+        left->viewDidDisappear();
+    if (Screen* shown = screen(showing))
+        shown->viewWillAppear();
+}
+
+// Each tab's root screen hears whether its tab is the one on show.
+void Tools::tellTabBarVisible(int index) {
+    for (int tab = 0; tab < stacks_.size(); ++tab) {
+        if (Screen* root = screen(QString::fromUtf8(toolTabs()[tab].root)))
+            root->setTabBarIsVisible(tab == index);
     }
 }
 
 void Tools::createTabBar(int index) {
     if (tabBarReady_)
         return;
-    if (index < 0 || index >= kRootScreens.size())
-        index = 0;
-    for (int tab = 0; tab < kRootScreens.size(); ++tab)
-        stacks_[tab] = {kRootScreens[tab]};
+    if (index < 0 || index >= stacks_.size())
+        index = MetronomeTab;
+    for (int tab = 0; tab < stacks_.size(); ++tab)
+        stacks_[tab] = {QString::fromUtf8(toolTabs()[tab].root)};
     selectedIndex_ = index;
     currentTab_ = index;
-    if (index == MetronomeTab)
-        setMetronomeTabBarVisible(true);
+    tellTabBarVisible(index);
     tabBarReady_ = true;
     emit currentTabChanged();
     emit tabBarReadyChanged();
-    callScreen(visibleScreen(), "viewWillAppear");
+    if (Screen* shown = screen(visibleScreen()))
+        shown->viewWillAppear();
 }
 
 void Tools::buffersLoaded() {
@@ -130,18 +100,17 @@ void Tools::setCurrentTab(int index) {
     if (index == currentTab_)
         return;
     const QString leaving = visibleScreen();
-    callScreen(leaving, "viewWillDisappear");
+    willLeave(leaving);
     currentTab_ = index;
     emit currentTabChanged();
-    callScreen(leaving, "viewDidDisappear");
-    callScreen(visibleScreen(), "viewWillAppear");
+    didLeave(leaving, visibleScreen());
 }
 
 void Tools::selectTab(int index) {
-    if (!tabBarReady_ || index < 0 || index >= kRootScreens.size())
+    if (!tabBarReady_ || index < 0 || index >= stacks_.size())
         return;
     selectedIndex_ = index;
-    setMetronomeTabBarVisible(index == MetronomeTab);
+    tellTabBarVisible(index);
     if (delegate_)
         delegate_->tabSelected(index);
     setCurrentTab(index);
@@ -156,12 +125,15 @@ void Tools::showTunerBrain() {
     if (!tabBarReady_)
         return;
     selectedIndex_ = BrainTab;
-    setMetronomeTabBarVisible(false);
+    tellTabBarVisible(BrainTab);
     setCurrentTab(BrainTab);
 }
 
-void Tools::push(int tab, const QString& key) {
-    if (!tabBarReady_ || tab < 0 || tab >= stacks_.size() || !screens_.contains(key))
+void Tools::show(const QString& key, int tab) {
+    const ScreenRow* row = screenRow(key.toStdString());
+    if (row && row->tab != kAnyTab)
+        tab = row->tab;
+    if (!tabBarReady_ || !row || tab < 0 || tab >= stacks_.size())
         return;
     QStringList& s = stacks_[tab];
     if (!s.isEmpty() && s.last() == key)
@@ -169,13 +141,11 @@ void Tools::push(int tab, const QString& key) {
     const bool visible = tab == currentTab_;
     const QString leaving = s.isEmpty() ? QString() : s.last();
     if (visible)
-        callScreen(leaving, "viewWillDisappear");
+        willLeave(leaving);
     s.append(key);
     emit pushed(tab, key);
-    if (visible) {
-        callScreen(leaving, "viewDidDisappear");
-        callScreen(key, "viewWillAppear");
-    }
+    if (visible)
+        didLeave(leaving, key);
 }
 
 void Tools::goBack(int tab) {
@@ -185,47 +155,20 @@ void Tools::goBack(int tab) {
     const QString leaving = s.last();
     const bool visible = tab == currentTab_;
     if (visible)
-        callScreen(leaving, "viewWillDisappear");
+        willLeave(leaving);
     s.removeLast();
     emit popped(tab);
-    if (visible) {
-        callScreen(leaving, "viewDidDisappear");
-        callScreen(s.last(), "viewWillAppear");
-    }
+    if (visible)
+        didLeave(leaving, s.last());
 }
 
-// Each route pushes onto the navigation stack that holds the named screen:
-// the settings screens live on their tool's tab, and the side screens of the
-// chromatic tuner on the stack of its settings screen.
-void Tools::showMetronomeSettings() {
-    push(MetronomeTab, "metronomeSettings");
-}
-void Tools::showTCSettings() {
-    push(ChromaticTab, "tunerChromaticSettings");
-}
-void Tools::showTBSettings() {
-    push(BrainTab, "tunerBrainSettings");
-}
-void Tools::showCLSettings() {
-    push(ChordsTab, "chordsLibrarySettings");
-}
-void Tools::showTCTaper() {
-    push(ChromaticTab, "tunerChromaticTaper");
-}
-void Tools::showOrchestra() {
-    push(ChromaticTab, "orchestraControl");
-}
-void Tools::showMicrophoneCalibrating() {
-    push(ChromaticTab, "microphoneCalibrating");
-}
-void Tools::showTCTunings() {
-    push(ChromaticTab, "commonSettings");
-}
-void Tools::showTBTunings() {
-    push(BrainTab, "commonSettings");
-}
-void Tools::showCLTunings() {
-    push(ChordsTab, "commonSettings");
+void Tools::close() {
+    if (closed_ || !tabBarReady_)
+        return;
+    closed_ = true;
+    const QString leaving = visibleScreen();
+    willLeave(leaving);
+    didLeave(leaving, QString());
 }
 
 void Tools::showHowToEnter(const QString& address) {

@@ -1,20 +1,26 @@
 #pragma once
 // The tool shell: the four tools behind a tab bar, each tab a navigation
 // stack of screens, and the cover that keeps touches out while the sound
-// bank loads. It owns every screen; the QML view mirrors its stacks.
+// bank loads. It builds and owns every screen of the screen table, tells
+// them when they appear and disappear, and the QML view mirrors its stacks.
 
 #include <QtQml/qqmlregistration.h>
 
 #include <QHash>
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
+#include <QUrl>
+#include <QVariantList>
 #include <QVector>
+
+#include "app/Screen.h"
+#include "app/Screens.h"
 
 namespace zt {
 
 class ToolsDelegate;
 class AnalyticsLog;
+struct ScreenEngines;
 
 class Tools : public QObject {
     Q_OBJECT
@@ -23,14 +29,13 @@ class Tools : public QObject {
     Q_PROPERTY(bool tabBarReady READ tabBarReady NOTIFY tabBarReadyChanged)
     Q_PROPERTY(bool loading READ loading NOTIFY loadingChanged)
     Q_PROPERTY(int currentTab READ currentTab NOTIFY currentTabChanged)
-    Q_PROPERTY(QStringList tabTitles READ tabTitles CONSTANT)
-    Q_PROPERTY(QStringList toolItems READ toolItems CONSTANT)
+    // One map per tab, in tab-bar order: its "title" and "glyph".
+    Q_PROPERTY(QVariantList tabs READ tabs CONSTANT)
 
 public:
-    // Screen keys, in the order the shell creates them.
-    static const QStringList& screenKeys();
-
-    explicit Tools(QObject* parent = nullptr);
+    // Makes every screen of the table, in table order, with these engines
+    // (which must outlive the shell).
+    explicit Tools(const ScreenEngines& engines, QObject* parent = nullptr);
     ~Tools() override;
 
     void setDelegate(ToolsDelegate* delegate) { delegate_ = delegate; }
@@ -39,43 +44,34 @@ public:
     void setAnalytics(AnalyticsLog* analytics) { analytics_ = analytics; }
     AnalyticsLog* analytics() const { return analytics_; }
 
-    // The screen stored under key (see screenKeys()); nullptr if unknown.
-    Q_INVOKABLE QObject* screen(const QString& key) const;
-    // Replaces a screen, taking ownership (used as each tool's screen lands).
-    void setScreen(const QString& key, QObject* screen);
+    // The screen of a row of the table; nullptr for an unknown key.
+    Q_INVOKABLE zt::Screen* screen(const QString& key) const;
+    template <class T>
+    T* screenAs(const QString& key) const {
+        return qobject_cast<T*>(screen(key));
+    }
+    // What the QML page of a screen needs from its row.
+    Q_INVOKABLE QUrl viewUrl(const QString& key) const;
+    Q_INVOKABLE bool offersTunings(const QString& key) const;
 
     bool tabBarReady() const { return tabBarReady_; }
     bool loading() const { return loading_; }
     int currentTab() const { return currentTab_; }
     int selectedIndex() const { return selectedIndex_; }
-    QStringList tabTitles() const;
-    QStringList toolItems() const;
+    QVariantList tabs() const;
 
     // The keys on tab's navigation stack, root first.
     Q_INVOKABLE QStringList stack(int tab) const;
     // Key of the screen on top of the visible tab's stack.
     QString visibleScreen() const;
 
-    // Calls a no-argument invokable of a screen, when the screen has it
-    // (screens of tools not built yet have none).
-    void callScreen(const QString& key, const char* method);
-
     // Shell actions, run by the mediator.
     void createTabBar(int index);
     void buffersLoaded();
-    void showMetronome() {}
-    void showChordsLibrary() {}
     void showTunerBrain();
-    void showMetronomeSettings();
-    void showTCSettings();
-    void showTBSettings();
-    void showCLSettings();
-    void showTCTaper();
-    void showOrchestra();
-    void showMicrophoneCalibrating();
-    void showTCTunings();
-    void showTBTunings();
-    void showCLTunings();
+    // Pushes a screen onto its tab's stack; a screen of any tab goes onto
+    // the stack of `tab`.
+    void show(const QString& key, int tab = kAnyTab);
     void showHowToEnter(const QString& address);
 
     // Touches from the view.
@@ -85,6 +81,10 @@ public:
     // Shows a tab without counting it as the user's choice (screenshots).
     void previewTab(int index) { setCurrentTab(index); }
 
+    // The application is closing: the screen on show disappears as if the
+    // user had left it, so that what was set there is saved. Once only.
+    void close();
+
 signals:
     void tabBarReadyChanged();
     void loadingChanged();
@@ -93,16 +93,19 @@ signals:
     void popped(int tab);
 
 private:
-    void push(int tab, const QString& key);
     void setCurrentTab(int index);
-    void setMetronomeTabBarVisible(bool visible);
+    void tellTabBarVisible(int index);
+    // The appear and disappear calls around a change of the screen on show.
+    void willLeave(const QString& key);
+    void didLeave(const QString& leaving, const QString& showing);
 
     ToolsDelegate* delegate_ = nullptr;
     AnalyticsLog* analytics_ = nullptr;
-    QHash<QString, QPointer<QObject>> screens_;
+    QHash<QString, Screen*> screens_;
     QVector<QStringList> stacks_;
     bool tabBarReady_ = false;
     bool loading_ = true;
+    bool closed_ = false;
     int currentTab_ = 0;
     int selectedIndex_ = 0;
 };

@@ -1,15 +1,41 @@
 #include "app/ToolsMediator.h"
 
-#include <array>
+#include <string_view>
 
 #include "app/AnalyticsLog.h"
 #include "app/ApplicationProxy.h"
+#include "app/Screens.h"
 #include "app/Tools.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "sound/MediaProxy.h"
 
 namespace zt {
+
+namespace {
+
+// The notifications that push a screen, and the tab whose stack takes it
+// when the screen belongs to none (the tunings list serves three tabs).
+struct Route {
+    const char* notification;
+    const char* screen;
+    int tab;
+};
+
+constexpr Route kRoutes[] = {
+    {"ShowMetronomeSettings", "metronomeSettings", kAnyTab},
+    {"ShowTunerChromaticSettings", "tunerChromaticSettings", kAnyTab},
+    {"ShowTunerBrainSettings", "tunerBrainSettings", kAnyTab},
+    {"ShowChordsLibrarySettings", "chordsLibrarySettings", kAnyTab},
+    {"ShowTunerChromaticTaper", "tunerChromaticTaper", kAnyTab},
+    {"ShowOrchestra", "orchestraControl", kAnyTab},
+    {"ShowMicrophoneCalibrating", "microphoneCalibrating", kAnyTab},
+    {"ShowTunerChromaticTuning", "commonSettings", ChromaticTab},
+    {"ShowTunerBrainTuning", "commonSettings", BrainTab},
+    {"ShowChordsTuning", "commonSettings", ChordsTab},
+};
+
+}  // namespace
 
 ToolsMediator::ToolsMediator(Tools* tools, AnalyticsLog* analytics)
     : Mediator(NAME, tools), analytics_(analytics) {}
@@ -58,36 +84,19 @@ void ToolsMediator::handleNotification(const Notification& n) {
     if (!shell)
         return;
     const std::string& name = n.name();
-    if (name == "ShowMetronome") {
-        shell->showMetronome();
-    } else if (name == "ShowChordsLibrary") {
-        shell->showChordsLibrary();
-    } else if (name == "ShowTunerBrain") {
+    for (const Route& route : kRoutes) {
+        if (name == route.notification) {
+            shell->show(QString::fromUtf8(route.screen), route.tab);
+            return;
+        }
+    }
+    // "ShowMetronome" and "ShowChordsLibrary" show what is already there.
+    if (name == "ShowTunerBrain") {
         shell->showTunerBrain();
     } else if (name == "LoadSoundBuffersComplete") {
         shell->buffersLoaded();
     } else if (name == "ActiveTabIndexReady") {
         shell->createTabBar(applicationProxy_ ? applicationProxy_->activeTabIndex() : 0);
-    } else if (name == "ShowMetronomeSettings") {
-        shell->showMetronomeSettings();
-    } else if (name == "ShowTunerChromaticSettings") {
-        shell->showTCSettings();
-    } else if (name == "ShowTunerBrainSettings") {
-        shell->showTBSettings();
-    } else if (name == "ShowChordsLibrarySettings") {
-        shell->showCLSettings();
-    } else if (name == "ShowTunerChromaticTaper") {
-        shell->showTCTaper();
-    } else if (name == "ShowOrchestra") {
-        shell->showOrchestra();
-    } else if (name == "ShowMicrophoneCalibrating") {
-        shell->showMicrophoneCalibrating();
-    } else if (name == "ShowTunerChromaticTuning") {
-        shell->showTCTunings();
-    } else if (name == "ShowTunerBrainTuning") {
-        shell->showTBTunings();
-    } else if (name == "ShowChordsTuning") {
-        shell->showCLTunings();
     } else if (name == "ShowHowToEnter") {
         const auto* address = n.bodyAs<std::string>();
         shell->showHowToEnter(address ? QString::fromStdString(*address) : QString());
@@ -108,29 +117,21 @@ void ToolsMediator::showChordsLibrary() {
 }
 
 void ToolsMediator::tabSelected(int index) {
-    struct Event {
-        const char* name;
-        const char* failure;
-    };
-    static constexpr std::array<Event, 4> kEvents = {{
-        {"Open_Metronome", "Error analitics - Metronome"},
-        {"Open_ChromaticTuner", "Error analitics - TunerChomatic"},
-        {"Open_BrainTuner", "Error analitics - TunerBrain"},
-        {"Open_ChordsLibrary", "Error analitics - ChordsLibrary"},
-    }};
-    if (index < 0 || index >= static_cast<int>(kEvents.size()))
+    const auto& tabs = toolTabs();
+    if (index < 0 || index >= static_cast<int>(tabs.size()))
         return;
-    const Event& event = kEvents[static_cast<size_t>(index)];
-    if (!analytics_ || !analytics_->trackEvent("General", event.name, event.name, -1)) {
-        log(event.failure);
-    }
+    const ToolTab& tab = tabs[static_cast<size_t>(index)];
+    if (!analytics_ || !analytics_->trackEvent("General", tab.event, tab.event, -1))
+        log(tab.eventFailure);
 }
 
 void ToolsMediator::showTunings(int tab) {
-    static const char* const kRoutes[] = {nullptr, "ShowTunerChromaticTuning",
-                                          "ShowTunerBrainTuning", "ShowChordsTuning"};
-    if (tab > 0 && tab < 4)
-        sendNotification(kRoutes[tab]);
+    for (const Route& route : kRoutes) {
+        if (route.tab == tab && std::string_view(route.screen) == "commonSettings") {
+            sendNotification(route.notification);
+            return;
+        }
+    }
 }
 
 }  // namespace zt

@@ -4,10 +4,14 @@
 
 #include "app/ApplicationFacade.h"
 #include "app/ApplicationProxy.h"
+#include "app/Screens.h"
 #include "app/Tools.h"
 #include "app/ToolsDelegate.h"
 #include "framework/Log.h"
 #include "framework/Paths.h"
+#include "metronome/MetronomePlayer.h"
+#include "metronome/ui/Metronome.h"
+#include "sound/SoundEngine.h"
 
 namespace zt {
 
@@ -15,18 +19,24 @@ ZebToolsAppDelegate::ZebToolsAppDelegate(QObject* parent) : QObject(parent) {}
 
 ZebToolsAppDelegate::~ZebToolsAppDelegate() = default;
 
-void ZebToolsAppDelegate::launch() {
+void ZebToolsAppDelegate::launch(std::optional<ScreenEngines> engines) {
     if (tools_)
         return;
     isMusicPause_ = mpPlayer_.pauseIfPlaying();
     inBackGround_ = false;
     analytics_.start(paths::dataDir() / "events.log", 10);
     screenSaver_.inhibit();
-    toolItems_ = {"METRONOME", "CHROMATIC", "BRAIN", "CHORDS"};
+    toolItems_.clear();
+    for (const ToolTab& tab : toolTabs())
+        toolItems_.append(QString::fromUtf8(tab.item));
 
-    tools_ = new Tools(this);
+    if (!engines) {
+        metronomePlayer_ = std::make_unique<MetronomePlayer>(SoundEngine::shared());
+        engines.emplace(ScreenEngines{*metronomePlayer_, steadyTickClock()});
+    }
+    tools_ = std::make_unique<Tools>(*engines);
     tools_->setAnalytics(&analytics_);
-    ApplicationFacade::getInstance().startup(tools_);
+    ApplicationFacade::getInstance().startup(tools_.get());
 
     if (auto* app = qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         lastState_ = app->applicationState();
@@ -62,23 +72,25 @@ void ZebToolsAppDelegate::applicationStateChanged(Qt::ApplicationState state) {
         didEnterBackground();
 }
 
-bool ZebToolsAppDelegate::metronomeVisible() const {
+Metronome* ZebToolsAppDelegate::visibleMetronome() const {
     if (!tools_)
-        return false;
+        return nullptr;
     const QString visible = tools_->visibleScreen();
-    return visible == QLatin1String("metronome") || visible == QLatin1String("metronomeSettings");
+    if (visible != QLatin1String("metronome") && visible != QLatin1String("metronomeSettings"))
+        return nullptr;
+    return tools_->screenAs<Metronome>("metronome");
 }
 
 void ZebToolsAppDelegate::willResignActive() {
     inBackGround_ = false;
-    if (metronomeVisible())
-        tools_->callScreen("metronome", "endMetronome");
+    if (Metronome* metronome = visibleMetronome())
+        metronome->endMetronome();
 }
 
 void ZebToolsAppDelegate::didEnterBackground() {
     inBackGround_ = true;
-    if (metronomeVisible())
-        tools_->callScreen("metronome", "runMetronome");
+    if (Metronome* metronome = visibleMetronome())
+        metronome->runMetronome();
 }
 
 void ZebToolsAppDelegate::didBecomeActive() {
@@ -93,6 +105,8 @@ void ZebToolsAppDelegate::willTerminate() {
     if (terminated_)
         return;
     terminated_ = true;
+    if (tools_)
+        tools_->close();
     log("Will terminate");
     log("someController = " + std::to_string(selectedIndex()));
     if (isMusicPause_) {

@@ -5,13 +5,17 @@
 #include <QObject>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
 #include "app/AnalyticsLog.h"
 #include "app/MusicPlayer.h"
+#include "app/ScreenEngines.h"
 #include "app/ScreenSaverInhibitor.h"
 
 namespace zt {
 
+class Metronome;
+class MetronomePlayer;
 class Tools;
 
 class ZebToolsAppDelegate : public QObject {
@@ -22,8 +26,10 @@ public:
     ~ZebToolsAppDelegate() override;
 
     // Pauses playing music, starts the event log, keeps the screen awake,
-    // builds the shell and starts the facade. Run once.
-    void launch();
+    // builds the shell and starts the facade. Run once. The screens play on
+    // the sound card, or through engines when given (which must outlive
+    // this object).
+    void launch(std::optional<ScreenEngines> engines = std::nullopt);
 
     // Maps a change of Qt's application state to the handlers below.
     void applicationStateChanged(Qt::ApplicationState state);
@@ -32,27 +38,32 @@ public:
     void didEnterBackground();
     void willEnterForeground() {}
     void didBecomeActive();
-    // Resumes paused music, saves the selected tab, stops the event log.
+    // Lets the screen on show save what was set there, resumes paused music,
+    // saves the selected tab, stops the event log.
     void willTerminate();
 
-    Tools* tools() const { return tools_; }
+    Tools* tools() const { return tools_.get(); }
     int selectedIndex() const;
     const QStringList& toolItems() const { return toolItems_; }
     bool inBackGround() const { return inBackGround_; }
     bool isMusicPause() const { return isMusicPause_; }
 
 private:
-    bool metronomeVisible() const;
+    // The metronome, when it or its settings screen is on show.
+    Metronome* visibleMetronome() const;
 
     QStringList toolItems_;
     MusicPlayer mpPlayer_;
     bool isMusicPause_ = false;
     bool inBackGround_ = false;
     bool terminated_ = false;
-    Tools* tools_ = nullptr;
     AnalyticsLog analytics_;
     ScreenSaverInhibitor screenSaver_;
     Qt::ApplicationState lastState_ = Qt::ApplicationActive;
+    // The metronome on the sound card, when no engines were given. Declared
+    // before the shell, whose screens play through it.
+    std::unique_ptr<MetronomePlayer> metronomePlayer_;
+    std::unique_ptr<Tools> tools_;
 };
 
 }  // namespace zt

@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFont>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
@@ -12,6 +13,7 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "app/AppLog.h"
 #include "app/QtMainLoop.h"
 #include "app/ScreenshotRunner.h"
 #include "app/Tools.h"
@@ -34,6 +36,8 @@ int main(int argc, char* argv[]) {
     QGuiApplication::setApplicationDisplayName("ZebTools");
     QGuiApplication::setDesktopFileName("org.zebtools.ZebTools");
     QQuickStyle::setStyle("Basic");
+    // Every text of the views, controls and plain Text items alike.
+    QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans")));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -47,8 +51,11 @@ int main(int argc, char* argv[]) {
     QCommandLineOption selectTabOption(
         "select-tab", "Once loaded, choose tab <index> as a touch would (for tests).", "index");
     QCommandLineOption sizeOption("size", "Open the window at <width>x<height>.", "size");
-    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption});
+    QCommandLineOption verboseOption("verbose", "Print the debug log to standard error.");
+    parser.addOptions(
+        {screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption, verboseOption});
     parser.process(app);
+    zt::routeLogToQt(parser.isSet(verboseOption));
 
     if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR")) {
         const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
@@ -69,7 +76,7 @@ int main(int argc, char* argv[]) {
     engine.setInitialProperties({{"tools", QVariant::fromValue(tools)}});
     engine.load(QUrl(QStringLiteral("qrc:/ZebTools/app/Main.qml")));
     if (engine.rootObjects().isEmpty()) {
-        zt::log("The main view could not be loaded");
+        zt::warn("The main view could not be loaded");
         return 1;
     }
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());

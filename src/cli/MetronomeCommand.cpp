@@ -5,8 +5,10 @@
 #include <cmath>
 
 #include "metronome/ClickSet.h"
+#include "metronome/ClickSounds.h"
 #include "metronome/MetronomeEngine.h"
 #include "metronome/OfflineRender.h"
+#include "metronome/SubdivisionPattern.h"
 #include "metronome/TempoRules.h"
 #include "sound/SoundEngine.h"
 
@@ -82,10 +84,10 @@ MetronomeCommand::MetronomeCommand(CLI::App& parent)
         ->check(kSignature)
         ->capture_default_str();
     app.add_option("--pattern", pattern_, kPatternHelp)
-        ->check(CLI::Range(1, 6))
+        ->check(CLI::Range(kFirstPattern, kLastPattern))
         ->capture_default_str();
     app.add_option("--pack", pack_, "sound pack: 1 Classic, 2 Wood, 3 Cowbell, 4 Metal, 5 Electro")
-        ->check(CLI::Range(1, 5))
+        ->check(CLI::Range(kFirstPackNumber, kLastPackNumber))
         ->capture_default_str();
     app.add_option("--accent", accent_, "accent the first beat of each bar")
         ->check(CLI::IsMember({"on", "off"}))

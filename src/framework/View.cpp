@@ -66,9 +66,12 @@ void View::registerMediator(std::shared_ptr<Mediator> mediator) {
     mediatorMap_[mediator->mediatorName()] = mediator;
     const auto interests = mediator->listNotificationInterests();
     if (!interests.empty()) {
-        Mediator* target = mediator.get();
+        // The observer holds the mediator, so that a notification being
+        // delivered to a copy of the list still reaches a live mediator when
+        // an earlier observer removes it; it is freed once the last list
+        // holding the observer lets go.
         auto observer = Observer::withNotifyMethod(
-            [target](const Notification& n) { target->handleNotification(n); }, target);
+            [mediator](const Notification& n) { mediator->handleNotification(n); }, mediator.get());
         for (const auto& name : interests)
             registerObserver(name, observer);
     }

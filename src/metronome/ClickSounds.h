@@ -1,6 +1,8 @@
 #pragma once
 // Which sound ids a click pack plays, and the source groups they play in.
 
+#include "state/StateKeys.h"
+
 namespace zt {
 
 // Beats play in group 1 and subdivisions in group 2. Each group has a single
@@ -9,8 +11,8 @@ namespace zt {
 inline constexpr int kBeatGroup = 1;
 inline constexpr int kSubdivisionGroup = 2;
 
-inline constexpr int kFirstPackNumber = 1;
-inline constexpr int kLastPackNumber = 5;
+inline constexpr int kFirstPackNumber = state::metronome::kPackNumber.min;
+inline constexpr int kLastPackNumber = state::metronome::kPackNumber.max;
 
 // The three clicks of one pack (SND_ID_TICK, SND_ID_TOCK, SND_ID_SUBTICK).
 struct ClickSounds {

@@ -22,13 +22,13 @@ public:
     void holdNextStop() { holdNextStop_ = true; }
     // Sends a held stop on, if there is one.
     void releaseHeldStop();
-    bool hasHeldStop() const { return stopHeld_; }
 
     void start(const MetronomeSetup& setup) override;
     void stop() override;
     void setCurrentPack(int packNumber) override;
     void setIsFirstBeatNeed(bool need) override;
     std::optional<HeardBeat> takeHeardBeat() override { return output_.takeHeardBeat(); }
+    bool releaseWhenSilent() override { return !stopHeld_ && output_.releaseWhenSilent(); }
 
 private:
     MetronomeOutput& output_;

@@ -22,11 +22,11 @@
 #include <cstdint>
 #include <optional>
 
+#include "framework/SpscQueue.h"
 #include "metronome/BeatGrid.h"
 #include "metronome/ClickBank.h"
 #include "metronome/ClickMixer.h"
 #include "metronome/MetronomeOutput.h"
-#include "metronome/SpscQueue.h"
 #include "metronome/TickLogic.h"
 
 namespace zt {

@@ -33,6 +33,11 @@ public:
     // before the call are not reported. An output that cannot tell when its
     // clicks are heard reports none.
     virtual std::optional<HeardBeat> takeHeardBeat() { return std::nullopt; }
+
+    // Called now and then while the metronome is stopped: an output that
+    // holds a device lets go of it once its last click has been heard.
+    // True when nothing more will be heard.
+    virtual bool releaseWhenSilent() { return true; }
 };
 
 }  // namespace zt

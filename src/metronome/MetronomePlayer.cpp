@@ -77,14 +77,17 @@ std::optional<HeardBeat> MetronomePlayer::takeHeardBeat() {
     return latest;
 }
 
-void MetronomePlayer::releaseStreamWhenSilent() {
-    if (!streaming_ || playing_ || !engine_.isSilent())
-        return;
+bool MetronomePlayer::releaseWhenSilent() {
+    if (!streaming_)
+        return true;
+    if (playing_ || !engine_.isSilent())
+        return false;
     // What was rendered before the silence is still on its way to the speaker.
     if (sound_.streamPosition() < engine_.silentFrom())
-        return;
+        return false;
     sound_.stopStream();
     streaming_ = false;
+    return true;
 }
 
 void MetronomePlayer::render(float* out, int frames, std::int64_t firstFrame) {

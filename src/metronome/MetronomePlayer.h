@@ -2,7 +2,7 @@
 // The metronome on the sound card: a MetronomeEngine rendered through the
 // sound engine's streaming voice, with the clicks the sound engine has
 // loaded (ids 51 to 65). The stream starts with the first start and keeps
-// running until releaseStreamWhenSilent() finds the metronome stopped and
+// running until releaseWhenSilent() finds the metronome stopped and
 // its last click died away.
 //
 // Without an output device the player logs once and stays silent; the
@@ -34,10 +34,9 @@ public:
     std::optional<HeardBeat> takeHeardBeat() override;
 
     // Stops the stream when the metronome is stopped and its last sound has
-    // been heard, so that an idle metronome costs nothing. Call now and then from the control
-    // thread.
-    void releaseStreamWhenSilent();
-    bool isStreaming() const { return streaming_; }
+    // been heard, so that an idle metronome costs nothing. Call now and then
+    // from the control thread; true once the stream is stopped.
+    bool releaseWhenSilent() override;
 
     MetronomeEngine& engine() { return engine_; }
 

@@ -112,20 +112,20 @@ void MetronomeProxy::loadPresetsArray() {
     }
     if (content.status == plist::FileStatus::Unreadable) {
         canWrite_ = false;
-        log("presets are not available: " + path.string() +
-            " cannot be read; presets made now are not saved");
+        warn("presets are not available: " + path.string() +
+             " cannot be read; presets made now are not saved");
         return;
     }
     // Not a property list, or not a versioned preset array.
     const auto aside = file::keepAside(path, "corrupt");
     if (!aside) {
         canWrite_ = false;
-        log("presets are not available: " + path.string() +
-            " is damaged and could not be moved aside");
+        warn("presets are not available: " + path.string() +
+             " is damaged and could not be moved aside");
         return;
     }
-    log("warning: " + path.string() + " is damaged; kept as " + aside->string() +
-        " and replaced by an empty preset list");
+    warn("warning: " + path.string() + " is damaged; kept as " + aside->string() +
+         " and replaced by an empty preset list");
     createPresetsListFile();
 }
 

@@ -12,10 +12,12 @@
 
 #include <array>
 
+#include "state/StateKeys.h"
+
 namespace zt {
 
-inline constexpr int kFirstPattern = 1;
-inline constexpr int kLastPattern = 6;
+inline constexpr int kFirstPattern = state::metronome::kNotesPerBeat.min;
+inline constexpr int kLastPattern = state::metronome::kNotesPerBeat.max;
 
 struct SubdivisionPattern {
     static constexpr int kMaxSlots = 7;

@@ -72,8 +72,4 @@ std::string tempoLabel(int tempo) {
     return label;
 }
 
-bool needsDisplayRefresh(int row) {
-    return row <= 40 || (row >= 212 && row <= 220);
-}
-
 }  // namespace zt

@@ -7,9 +7,12 @@
 #include <string>
 #include <string_view>
 
+#include "state/StateKeys.h"
+
 namespace zt {
 
-inline constexpr int kWheelRows = 221;
+// One row per saved "BPM" value.
+inline constexpr int kWheelRows = state::metronome::kBPM.max - state::metronome::kBPM.min + 1;
 inline constexpr int kMinTempo = 20;
 inline constexpr int kMaxTempo = kMinTempo + kWheelRows - 1;
 
@@ -38,9 +41,5 @@ std::array<int, 3> tempoDigits(int tempo);
 // Tempos outside 20..240 take the name of the nearest end.
 std::string_view tempoName(int tempo);
 std::string tempoLabel(int tempo);
-
-// Rows near the ends of the wheel (row <= 40, or 212 and up) keep a 0.2 s
-// redraw of the digits running while the wheel settles.
-bool needsDisplayRefresh(int row);
 
 }  // namespace zt

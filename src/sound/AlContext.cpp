@@ -14,20 +14,20 @@ ALCcontext* currentContext = nullptr;  // guarded by alMutex
 AlContext::AlContext(int rate) {
     device_ = alcOpenDevice(nullptr);
     if (!device_) {
-        log("SoundEngine: no audio output device, sounds stay silent");
+        warn("SoundEngine: no audio output device, sounds stay silent");
         return;
     }
     const ALCint attributes[] = {ALC_FREQUENCY, rate, 0};
     context_ = alcCreateContext(device_, attributes);
     if (!context_) {
-        log("SoundEngine: cannot create an OpenAL context, sounds stay silent");
+        warn("SoundEngine: cannot create an OpenAL context, sounds stay silent");
         close();
         return;
     }
 
     auto guard = lock();
     if (!alIsExtensionPresent("AL_EXT_FLOAT32")) {
-        log("SoundEngine: OpenAL lacks float samples, sounds stay silent");
+        warn("SoundEngine: OpenAL lacks float samples, sounds stay silent");
         guard.unlock();
         close();
         return;

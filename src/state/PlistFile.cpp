@@ -49,18 +49,18 @@ Loaded loadWithDefault(const fs::path& path, RootKind kind, const std::string& d
     if (content.status == FileStatus::Ok)
         return {std::move(content.root), true};
     if (content.status == FileStatus::Unreadable) {
-        log("using default values: " + path.string() + " cannot be read");
+        warn("using default values: " + path.string() + " cannot be read");
         return {parseDefault(defaultXml, kind), false};
     }
     if (content.status == FileStatus::Corrupt) {
         const auto aside = file::keepAside(path);
         if (!aside) {
-            log("warning: " + path.string() +
-                " is damaged and could not be moved aside; using default values");
+            warn("warning: " + path.string() +
+                 " is damaged and could not be moved aside; using default values");
             return {parseDefault(defaultXml, kind), false};
         }
-        log("warning: " + path.string() + " is damaged; kept as " + aside->string() +
-            " and replaced by the defaults");
+        warn("warning: " + path.string() + " is damaged; kept as " + aside->string() +
+             " and replaced by the defaults");
     }
     Value fallback = parseDefault(defaultXml, kind);
     if (fallback.isNull())

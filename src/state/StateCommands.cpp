@@ -147,18 +147,18 @@ void GetChromTunerSaveDataCommand::execute(const Notification& notification) {
 
 void registerStateCommands(Facade& facade) {
     facade.registerCommand("SaveMetronomeState", commandClass<SaveMetronomeStateCommand>());
+    facade.registerCommand("SaveBrainTunerState", commandClass<SaveBrainTunerStateCommand>());
     facade.registerCommand("SaveChromaticTunerState",
                            commandClass<SaveChromaticTunerStateCommand>());
-    facade.registerCommand("SaveBrainTunerState", commandClass<SaveBrainTunerStateCommand>());
     facade.registerCommand("SaveChordsLibraryState", commandClass<SaveChordsLibraryStateCommand>());
     facade.registerCommand("SaveCommonState", commandClass<SaveCommonStateCommand>());
     facade.registerCommand("GetMetronomeSavedData", commandClass<GetMetronomeSaveDataCommand>());
     facade.registerCommand("GetBrainTunerSavedData", commandClass<GetBrainTunerSaveDataCommand>());
+    facade.registerCommand("GetChromaticTunerSavedData",
+                           commandClass<GetChromTunerSaveDataCommand>());
     facade.registerCommand("GetChordsLibrarySavedData",
                            commandClass<GetChordsLibraryStateCommand>());
     facade.registerCommand("GetCommonState", commandClass<GetCommonStateCommand>());
-    facade.registerCommand("GetChromaticTunerSavedData",
-                           commandClass<GetChromTunerSaveDataCommand>());
 }
 
 }  // namespace zt

@@ -74,7 +74,9 @@ public:
     void execute(const Notification& notification) override;
 };
 
-// Registers the ten commands under their notification names.
+// Registers the ten commands under their notification names, in the order of
+// the application's command table. The application and the tests both
+// register them through this one list.
 void registerStateCommands(Facade& facade);
 
 }  // namespace zt

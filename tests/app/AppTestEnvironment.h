@@ -1,7 +1,7 @@
 #pragma once
 // A fresh program state for each test: the framework's singletons reset, a
-// private data folder, no audio device, the test's own main loop and a
-// record of the debug log.
+// private data folder, no audio device, the test's own main loop, a record
+// of the debug log, and engines for the screens that play nothing.
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -10,9 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "app/ScreenEngines.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "framework/ManualLoop.h"
+#include "framework/TickClock.h"
+#include "metronome/RecordingOutput.h"
 
 class AppTestEnvironment : public ::testing::Test {
 protected:
@@ -43,4 +46,7 @@ protected:
     std::filesystem::path dataDir_;
     zt::ManualLoop loop_;
     std::vector<std::string> logLines_;
+    zt::test::RecordingOutput output_;
+    zt::ManualTickClock clock_;
+    zt::ScreenEngines engines_{output_, clock_};
 };

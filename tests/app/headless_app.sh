@@ -22,10 +22,12 @@ saved_tab() {
         "$ZEBTOOLS_DATA_DIR/saveState.plist"
 }
 
+# The debug lines checked below are off in a normal run; --verbose shows them.
+
 # A saved tab of 3 opens on the chords tool, and is saved again at quit.
 perl -0pe 's#(<key>SelectedViewController</key>\s*<integer>)\d+#${1}3#' "$defaults" \
     > "$ZEBTOOLS_DATA_DIR/saveState.plist"
-timeout 60 "$app" --quit-when-loaded > "$work/log" 2>&1 || fail "app exited with $?"
+timeout 60 "$app" --verbose --quit-when-loaded > "$work/log" 2>&1 || fail "app exited with $?"
 grep -q "Buffers was loaded" "$work/log" || fail "the loading cover never lifted"
 grep -q "someController = 3" "$work/log" || fail "tab 3 was not the selected tab"
 if grep -q "qrc:/ZebTools" "$work/log"; then fail "the views reported QML errors"; fi
@@ -38,10 +40,12 @@ timeout 60 "$app" --select-tab 1 --quit-when-loaded > "$work/log" 2>&1 || fail "
 grep -q "Open_ChromaticTuner" "$ZEBTOOLS_DATA_DIR/events.log" || fail "tab change not in the event log"
 grep -q "<key>MetronomeSettings</key>" "$ZEBTOOLS_DATA_DIR/saveState.plist" || fail "sections lost"
 echo "ok: chosen tab saved at quit, event logged"
+if grep -qE "Buffers was loaded|ALSOFT" "$work/log"; then fail "a normal run printed debug lines"; fi
 
 # A state file that cannot be parsed is kept aside; the app runs on defaults.
 echo "not a plist" > "$ZEBTOOLS_DATA_DIR/saveState.plist"
-timeout 60 "$app" --quit-when-loaded > "$work/log" 2>&1 || fail "app exited with $? on a corrupt file"
+timeout 60 "$app" --verbose --quit-when-loaded > "$work/log" 2>&1 ||
+    fail "app exited with $? on a corrupt file"
 ls "$ZEBTOOLS_DATA_DIR"/saveState.plist.corrupt* >/dev/null 2>&1 || fail "corrupt file not kept"
 grep -q "Buffers was loaded" "$work/log" || fail "cover did not lift after a corrupt file"
 echo "ok: corrupt state kept aside, defaults used"

@@ -118,6 +118,26 @@ TEST_F(DeliveryTest, ChangesDuringDeliveryDoNotDisturbTheCurrentDelivery) {
     EXPECT_EQ(trace, (std::vector<std::string>{"After:Go", "Late:Go"}));
 }
 
+// Nobody but the registry holds the removed mediator: it must live until
+// the delivery under way has reached it (ASan reports the use otherwise).
+TEST_F(DeliveryTest, MediatorRemovedByAnotherDuringDeliveryIsStillAliveForIt) {
+    auto& facade = Facade::getInstance();
+    auto first = makeMediator<TraceMediator>("First", std::vector<std::string>{"Go"});
+    first->onHandle = [&](const Notification&) { facade.removeMediator("Second"); };
+    facade.registerMediator(first);
+    auto second = makeMediator<TraceMediator>("Second", std::vector<std::string>{"Go"});
+    std::weak_ptr<TraceMediator> watch = second;
+    facade.registerMediator(std::move(second));
+    trace.clear();
+    facade.sendNotification("Go");
+    EXPECT_EQ(trace, (std::vector<std::string>{"First:Go", "Second:removed", "Second:Go"}));
+    EXPECT_TRUE(watch.expired());
+
+    trace.clear();
+    facade.sendNotification("Go");
+    EXPECT_EQ(trace, (std::vector<std::string>{"First:Go"}));
+}
+
 TEST_F(DeliveryTest, RemovingAMediatorRemovesOnlyItsOwnObservers) {
     auto& facade = Facade::getInstance();
     facade.registerCommand("Go", commandClass<TraceCommand<1>>());

@@ -109,10 +109,3 @@ TEST_F(FrameworkTest, DefaultNamesComeFromTheClass) {
     EXPECT_EQ(Mediator::mediator()->mediatorName(), "Mediator");
     EXPECT_EQ(makeProxy<CountingProxy>()->proxyName(), "CountingProxy");
 }
-
-TEST_F(FrameworkTest, NotificationTextForm) {
-    Notification plain("Ping");
-    EXPECT_EQ(plain.description(), "Notification Name: Ping \nBody:(null) \nType:(null)");
-    Notification full("Ping", 7, std::string("kind"));
-    EXPECT_EQ(full.description(), "Notification Name: Ping \nBody:7 \nType:kind");
-}

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "RecordingOutput.h"
-#include "metronome/Metronome.h"
-#include "metronome/MetronomeDelegate.h"
-#include "metronome/MetronomeMediator.h"
+#include "metronome/ui/Metronome.h"
+#include "metronome/ui/MetronomeDelegate.h"
+#include "metronome/ui/MetronomeMediator.h"
 #include "sound/MediaProxy.h"
 #include "state/StateCommands.h"
 #include "state/StateProxy.h"
@@ -109,27 +109,22 @@ TEST_F(MetronomeScreenTest, FirstRunShowsDefaultsAndLeavingSavesWhatTheNextRunRe
     EXPECT_TRUE(otherOutput.calls.empty());
 }
 
-TEST_F(MetronomeScreenTest, ButtonsWheelAndTapReachTheTempo) {
+// The digits follow the turning wheel; the tempo changes only when a row is
+// chosen (plus, minus and taps are the core's).
+TEST_F(MetronomeScreenTest, TurningTheWheelShowsRowsUntilOneIsChosen) {
     registerScreen(screen);
     screen.startStop();
-    const std::vector<std::tuple<const char*, std::function<void()>, int, size_t>> steps = {
-        {"plus", [&] { screen.plus(); }, 61, 2},
-        {"minus", [&] { screen.minus(); }, 60, 2},
-        {"turning only shows", [&] { screen.showWheelRow(90); }, 60, 0},
-        {"two taps",
-         [&] {
-             screen.tap();
-             clock.advance(0.5);
-             screen.tap();
-         },
-         100, 2},
-    };
-    for (const auto& [what, act, row, calls] : steps) {
-        output.calls.clear();
-        act();
-        EXPECT_EQ(screen.row(), row) << what;
-        EXPECT_EQ(output.calls.size(), calls) << what;
-    }
+    output.calls.clear();
+    screen.showWheelRow(90);
+    EXPECT_EQ(screen.tempoDigits(), (QStringList{"1", "1", "0"}));
+    EXPECT_EQ(screen.row(), 60);
+    EXPECT_TRUE(output.calls.empty());
+    screen.selectRow(90);
+    EXPECT_EQ(screen.row(), 90);
+    EXPECT_EQ(output.calls, (std::vector<std::string>{"stop", "start 1-2-4-1-1-0-90"}));
+    screen.showWheelRow(95);
+    screen.viewWillDisappear();
+    EXPECT_EQ(screen.tempoDigits(), (QStringList{"1", "1", "0"}));
 }
 
 TEST_F(MetronomeScreenTest, PanelsOpenCloseAndOfferOnlyPlayablePatterns) {

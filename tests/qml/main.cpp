@@ -5,7 +5,10 @@
 
 #include <QQmlEngine>
 
+#include "app/ScreenEngines.h"
 #include "app/Tools.h"
+#include "framework/TickClock.h"
+#include "metronome/RecordingOutput.h"
 
 Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)
 
@@ -15,7 +18,9 @@ class Setup : public QObject {
 public slots:
     void qmlEngineAvailable(QQmlEngine* engine) {
         engine->addImportPath(QStringLiteral("qrc:/"));
-        auto* tools = new zt::Tools(engine);
+        static zt::test::RecordingOutput output;
+        static zt::ManualTickClock clock;
+        auto* tools = new zt::Tools(zt::ScreenEngines{output, clock}, engine);
         tools->createTabBar(0);
         qmlRegisterSingletonInstance("ZebToolsTest", 1, 0, "TestShell", tools);
     }

@@ -1,4 +1,4 @@
-#include "tuners/CommonSettingsMediator.h"
+#include "tuners/ui/CommonSettingsMediator.h"
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
@@ -6,33 +6,22 @@
 
 namespace zt {
 
-CommonSettingsMediator::CommonSettingsMediator(CommonSettings* screen)
-    : Mediator(NAME, screen), screen_(screen) {}
-
 std::vector<std::string> CommonSettingsMediator::listNotificationInterests() const {
     return {"StateCommonData", "SetTuning"};
 }
 
 void CommonSettingsMediator::handleNotification(const Notification& notification) {
-    if (notification.name() == "SetTuning" && screen_ && settings_) {
-        screen_->setTuningSetting(settings_->tuningSound());
+    if (notification.name() == "SetTuning" && screen() && settings_) {
+        screen()->setTuningSetting(settings_->tuningSound());
     }
 }
 
-void CommonSettingsMediator::onRegister() {
+void CommonSettingsMediator::registered() {
     settings_ = facade().retrieveProxyAs<SettingsProxy>(SettingsProxy::NAME);
     if (!settings_)
         log("CommonSettingsMediator: SettingsProxy is not registered");
-    if (!screen_)
-        return;
-    screen_->setDelegate(this);
-    if (settings_)
-        screen_->setTuningArray(settings_->getNotesStand());
-}
-
-void CommonSettingsMediator::onRemove() {
-    if (screen_ && screen_->delegate() == this)
-        screen_->setDelegate(nullptr);
+    if (screen() && settings_)
+        screen()->setTuningArray(settings_->getNotesStand());
 }
 
 void CommonSettingsMediator::getTuning() {

@@ -1,15 +1,15 @@
-#include "metronome/MetronomeSettings.h"
+#include "metronome/ui/MetronomeSettings.h"
 
 #include "framework/Log.h"
 #include "framework/Value.h"
-#include "metronome/MetronomeControls.h"
-#include "metronome/MetronomeSettingsDelegate.h"
+#include "metronome/ui/MetronomeControls.h"
+#include "metronome/ui/MetronomeSettingsDelegate.h"
 #include "sound/SoundBank.h"
 
 namespace zt {
 
 MetronomeSettings::MetronomeSettings(MetronomeControls* metronome, QObject* parent)
-    : QObject(parent), metronome_(metronome) {
+    : Screen(parent), metronome_(metronome) {
     for (std::string_view name : SoundBank::kPackNames) {
         arrayPack_.append(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     }

@@ -1,26 +1,16 @@
-#include "metronome/MetronomeSettingsMediator.h"
+#include "metronome/ui/MetronomeSettingsMediator.h"
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
-#include "metronome/MetronomeControls.h"
 #include "metronome/MetronomeProxy.h"
+#include "metronome/ui/MetronomeControls.h"
 
 namespace zt {
 
-MetronomeSettingsMediator::MetronomeSettingsMediator(MetronomeSettings* screen)
-    : Mediator(NAME, screen), screen_(screen) {}
-
-void MetronomeSettingsMediator::onRegister() {
+void MetronomeSettingsMediator::registered() {
     presets_ = facade().retrieveProxyAs<MetronomeProxy>(MetronomeProxy::NAME);
     if (!presets_)
         log("MetronomeSettingsMediator: MetronomeProxy is not registered");
-    if (screen_)
-        screen_->setDelegate(this);
-}
-
-void MetronomeSettingsMediator::onRemove() {
-    if (screen_ && screen_->delegate() == this)
-        screen_->setDelegate(nullptr);
 }
 
 int MetronomeSettingsMediator::presetsCount() const {
@@ -50,7 +40,7 @@ void MetronomeSettingsMediator::removePresetWithIndex(int index) {
 }
 
 void MetronomeSettingsMediator::setMetronomePresetTo(int index) {
-    MetronomeControls* metronome = screen_ ? screen_->metronome() : nullptr;
+    MetronomeControls* metronome = screen() ? screen()->metronome() : nullptr;
     if (!presets_ || !metronome)
         return;
     metronome->setSettingsFromDictionary(presets_->presetAtIndex(index));

@@ -1,4 +1,4 @@
-#include "metronome/MetronomeMediator.h"
+#include "metronome/ui/MetronomeMediator.h"
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
@@ -6,42 +6,34 @@
 
 namespace zt {
 
-MetronomeMediator::MetronomeMediator(Metronome* screen) : Mediator(NAME, screen), screen_(screen) {}
-
 std::vector<std::string> MetronomeMediator::listNotificationInterests() const {
     return {"StopMetronome", "StateMetronomeData", "ShowMetronomeFromTab",
             "ShowMetronomeFromTools"};
 }
 
 void MetronomeMediator::handleNotification(const Notification& notification) {
-    if (!screen_)
+    Metronome* metronome = screen();
+    if (!metronome)
         return;
     const std::string& name = notification.name();
     if (name == "StopMetronome") {
-        screen_->endMetronome();
+        metronome->endMetronome();
     } else if (name == "StateMetronomeData") {
         const Dictionary* data = notification.bodyAs<Dictionary>();
-        screen_->setSavedData(data ? *data : Dictionary{});
+        metronome->setSavedData(data ? *data : Dictionary{});
     } else if (name == "ShowMetronomeFromTab") {
-        screen_->setMetronomeFromTab();
+        metronome->setMetronomeFromTab();
     } else if (name == "ShowMetronomeFromTools") {
-        screen_->setMetronomeFromTools();
+        metronome->setMetronomeFromTools();
     }
 }
 
-void MetronomeMediator::onRegister() {
+void MetronomeMediator::registered() {
     media_ = facade().retrieveProxyAs<MediaProxy>(MediaProxy::NAME);
     if (!media_)
         log("MetronomeMediator: MediaProxy is not registered");
-    if (!screen_)
-        return;
-    screen_->setDelegate(this);
-    setMetronomeSavedData();
-}
-
-void MetronomeMediator::onRemove() {
-    if (screen_ && screen_->delegate() == this)
-        screen_->setDelegate(nullptr);
+    if (screen())
+        setMetronomeSavedData();
 }
 
 void MetronomeMediator::playSoundByID(int soundId, int group, bool loop) {

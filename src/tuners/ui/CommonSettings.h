@@ -8,21 +8,22 @@
 
 #include <QtQml/qqmlregistration.h>
 
-#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
 #include <string>
 #include <vector>
 
+#include "app/Screen.h"
+
 namespace zt {
 
 class CommonSettingsDelegate;
 
-class CommonSettings : public QObject {
+class CommonSettings : public zt::Screen {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QString title READ title CONSTANT)
+    QML_UNCREATABLE("Created by the shell")
     Q_PROPERTY(QStringList tuningNames READ tuningNames CONSTANT)
     Q_PROPERTY(QStringList tuningLabels READ tuningLabels NOTIFY reloaded)
     Q_PROPERTY(QString currentTuning READ currentTuning NOTIFY reloaded)
@@ -42,7 +43,6 @@ public:
     // The current tuning index, as the mediator answers getTuning.
     void setTuningSetting(int index);
 
-    QString title() const { return QStringLiteral("Tunings"); }
     QStringList tuningNames() const { return tuningNameArray_; }
     QStringList tuningLabels() const { return tuningArray_; }
     QString currentTuning() const { return currentTuning_; }
@@ -56,8 +56,8 @@ public:
     Q_INVOKABLE bool isTicked(int row) const;
     // Row k >= 1 makes tuning k - 1 current; row 0 (the header) does nothing.
     Q_INVOKABLE void selectRow(int row);
-    Q_INVOKABLE void viewWillAppear();
-    Q_INVOKABLE void viewDidDisappear();
+    void viewWillAppear() override;
+    void viewDidDisappear() override;
 
     // Sends {"Tuning": tuning} to the delegate.
     void saveCurrentState();

@@ -1,14 +1,14 @@
-#include "tuners/CommonSettings.h"
+#include "tuners/ui/CommonSettings.h"
 
 #include <QVariantMap>
 
 #include "framework/Value.h"
-#include "tuners/CommonSettingsDelegate.h"
 #include "tuners/TuningCatalogue.h"
+#include "tuners/ui/CommonSettingsDelegate.h"
 
 namespace zt {
 
-CommonSettings::CommonSettings(QObject* parent) : QObject(parent) {
+CommonSettings::CommonSettings(QObject* parent) : Screen(parent) {
     for (const auto& tuning : tunings::catalogue()) {
         tuningNameArray_.append(
             QString::fromUtf8(tuning.name.data(), static_cast<qsizetype>(tuning.name.size())));

@@ -7,17 +7,22 @@ import ZebTools
 // 16, the denominators 4 and 8 (the same panel in its second mode), or the
 // six subdivision patterns, the current value shown active. It keeps
 // showing its last mode while it slides away.
-Rectangle {
+Item {
     id: panel
 
     required property Metronome screen
     // The mode on show; stays put while the panel closes.
     property int mode: Metronome.NumeratorPanel
+    // The choices grow with a display taller than its 122 design units.
+    readonly property real choiceScale: Math.max(1, Math.min(width / 300, height / 122, 1.5))
 
-    color: Theme.panelLight
-    radius: 14
-    border.color: Theme.accent
-    border.width: 1
+    RoundedBox {
+        anchors.fill: parent
+        color: Theme.panelLight
+        radius: 14
+        border.color: Theme.accent
+        border.width: 1
+    }
 
     Connections {
         target: panel.screen
@@ -37,13 +42,12 @@ Rectangle {
         contentItem: Text {
             text: choice.text
             color: choice.active ? Theme.background : Theme.text
-            font.family: Theme.fontFamily
             font.bold: true
             font.pixelSize: 18
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
         }
-        background: Rectangle {
+        background: RoundedBox {
             radius: 8
             color: choice.active ? Theme.accent : (choice.down ? Theme.separator : Theme.panel)
             border.color: choice.active ? Theme.accent : Theme.separator
@@ -53,12 +57,13 @@ Rectangle {
     Grid {
         objectName: "numeratorChoices"
         anchors.centerIn: parent
+        scale: panel.choiceScale
         visible: panel.mode === Metronome.NumeratorPanel
         columns: 8
         spacing: 4
 
         Repeater {
-            model: 16
+            model: panel.screen.numeratorCount
             ChoiceButton {
                 required property int index
                 width: 32
@@ -73,6 +78,7 @@ Rectangle {
     Row {
         objectName: "denominatorChoices"
         anchors.centerIn: parent
+        scale: panel.choiceScale
         visible: panel.mode === Metronome.DenominatorPanel
         spacing: 12
 
@@ -92,7 +98,6 @@ Rectangle {
                         anchors.horizontalCenter: parent.horizontalCenter
                         text: denominator.modelData.value + "  " + denominator.modelData.glyph
                         color: denominator.active ? Theme.background : Theme.text
-                        font.family: Theme.fontFamily
                         font.bold: true
                         font.pixelSize: 34
                     }
@@ -100,7 +105,6 @@ Rectangle {
                         anchors.horizontalCenter: parent.horizontalCenter
                         text: denominator.modelData.caption
                         color: denominator.active ? Theme.background : Theme.textDim
-                        font.family: Theme.fontFamily
                         font.pixelSize: 11
                     }
                 }
@@ -111,12 +115,13 @@ Rectangle {
     Grid {
         objectName: "patternChoices"
         anchors.centerIn: parent
+        scale: panel.choiceScale
         visible: panel.mode === Metronome.PatternPanel
         columns: 3
         spacing: 6
 
         Repeater {
-            model: 6
+            model: panel.screen.patternOffered.length
             ChoiceButton {
                 id: patternChoice
                 required property int index

@@ -11,28 +11,25 @@
 
 #include <QtQml/qqmlregistration.h>
 
-#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
 #include <QVariantList>
-#include <memory>
 
+#include "app/Screen.h"
+#include "framework/TickClock.h"
 #include "metronome/HeldStopOutput.h"
-#include "metronome/MachTimer.h"
-#include "metronome/MetronomeControls.h"
 #include "metronome/MetronomeCore.h"
+#include "metronome/ui/MetronomeControls.h"
 
 namespace zt {
 
 class MetronomeDelegate;
-class MetronomePlayer;
 
-class Metronome : public QObject, public MetronomeControls {
+class Metronome : public zt::Screen, public MetronomeControls {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")
-    Q_PROPERTY(QString title READ title CONSTANT)
     // The wheel's rows as shown: "20" to "240".
     Q_PROPERTY(QStringList wheelLabels READ wheelLabels CONSTANT)
     // The chosen wheel row, 0 to 220.
@@ -43,6 +40,8 @@ class Metronome : public QObject, public MetronomeControls {
     Q_PROPERTY(QStringList tempoDigits READ tempoDigits NOTIFY tempoChanged)
     Q_PROPERTY(QString tempoName READ tempoName NOTIFY tempoChanged)
     Q_PROPERTY(int numerator READ numerator NOTIFY settingsChanged)
+    // The numerators offered are 1 to numeratorCount.
+    Q_PROPERTY(int numeratorCount READ numeratorCount CONSTANT)
     Q_PROPERTY(int denominator READ denominator NOTIFY settingsChanged)
     Q_PROPERTY(int pattern READ pattern NOTIFY settingsChanged)
     // Whether each subdivision pattern, 1 to 6 at indices 0 to 5, may be
@@ -65,10 +64,8 @@ public:
     enum Panel { NoPanel, NumeratorPanel, DenominatorPanel, PatternPanel };
     Q_ENUM(Panel)
 
-    // Plays on the sound card through SoundEngine::shared().
-    explicit Metronome(QObject* parent = nullptr);
-    // Plays through output, measures taps with clock; both must outlive the
-    // screen.
+    // Plays through output (the application's plays on the sound card),
+    // measures taps with clock; both must outlive the screen.
     explicit Metronome(MetronomeOutput& output, const TickClock& clock = steadyTickClock(),
                        QObject* parent = nullptr);
     ~Metronome() override;
@@ -76,13 +73,13 @@ public:
     void setDelegate(MetronomeDelegate* delegate) { delegate_ = delegate; }
     MetronomeDelegate* delegate() const { return delegate_; }
 
-    QString title() const { return QStringLiteral("Metronome"); }
     QStringList wheelLabels() const;
     int row() const { return core_.getCurrentBPM(); }
     int getCurrentBPM() const { return core_.getCurrentBPM(); }
     QStringList tempoDigits() const;
     QString tempoName() const;
     int numerator() const { return core_.setup().timeSig1Value; }
+    int numeratorCount() const { return state::metronome::kTimeSig1Value.max; }
     int denominator() const { return core_.setup().timeSig2Value; }
     int pattern() const { return core_.setup().notesPerBeat; }
     QVariantList patternOffered() const;
@@ -113,16 +110,15 @@ public:
     Q_INVOKABLE void tap();
     Q_INVOKABLE void openSettings();
 
-    // Called by the shell.
-    Q_INVOKABLE void viewWillAppear();
-    Q_INVOKABLE void viewWillDisappear();
-    Q_INVOKABLE void viewDidDisappear();
-    Q_INVOKABLE void setTabBarIsVisible(bool visible);
+    void viewWillAppear() override;
+    void viewWillDisappear() override;
+    void viewDidDisappear() override;
+    void setTabBarIsVisible(bool visible) override;
     // Pause: when playing, stop and remember to resume.
-    Q_INVOKABLE void endMetronome();
+    void endMetronome();
     // Resume after a pause. Right after endMetronome, in the same turn of the
     // event loop, the bar simply goes on.
-    Q_INVOKABLE void runMetronome();
+    void runMetronome();
 
     // Called by the mediator.
     void setSavedData(const Dictionary& data);
@@ -160,8 +156,6 @@ signals:
     void beatCountChanged();
 
 private:
-    Metronome(std::unique_ptr<MetronomePlayer> player, QObject* parent);
-    void init();
     bool canSound() const;
     void setPanel(Panel panel);
     // After the wheel row changed: show it and tell the view.
@@ -170,8 +164,6 @@ private:
     void playingUpdated();
 
     MetronomeDelegate* delegate_ = nullptr;
-    // Set when the screen makes its own player; null with an injected output.
-    std::unique_ptr<MetronomePlayer> player_;
     HeldStopOutput output_;
     MetronomeCore core_;
     QTimer beatTimer_;

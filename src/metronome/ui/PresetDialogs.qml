@@ -36,7 +36,6 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
             color: Theme.accent
-            font.family: Theme.fontFamily
             font.pixelSize: 16
             font.bold: dialogButton.isDefault
         }
@@ -83,7 +82,6 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: dialogs.screen.addPresetTitle
             color: Theme.text
-            font.family: Theme.fontFamily
             font.pixelSize: 17
             font.bold: true
         }
@@ -100,7 +98,6 @@ Item {
             color: Theme.text
             selectionColor: Theme.accent
             selectedTextColor: Theme.background
-            font.family: Theme.fontFamily
             font.pixelSize: 15
             leftPadding: 10
             rightPadding: 10
@@ -176,7 +173,6 @@ Item {
             wrapMode: Text.WordWrap
             horizontalAlignment: Text.AlignHCenter
             color: Theme.text
-            font.family: Theme.fontFamily
             font.pixelSize: 15
         }
 

@@ -12,20 +12,20 @@
 
 #include <QtQml/qqmlregistration.h>
 
-#include <QObject>
 #include <QString>
 #include <QStringList>
+
+#include "app/Screen.h"
 
 namespace zt {
 
 class MetronomeControls;
 class MetronomeSettingsDelegate;
 
-class MetronomeSettings : public QObject {
+class MetronomeSettings : public zt::Screen {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Created by the tool shell")
-    Q_PROPERTY(QString title READ title CONSTANT)
+    QML_UNCREATABLE("Created by the shell")
     Q_PROPERTY(QString accentTitle READ accentTitle CONSTANT)
     Q_PROPERTY(QString packHeader READ packHeader CONSTANT)
     Q_PROPERTY(QString presetsHeader READ presetsHeader CONSTANT)
@@ -59,7 +59,6 @@ public:
     MetronomeSettingsDelegate* delegate() const { return delegate_; }
     MetronomeControls* metronome() const { return metronome_; }
 
-    QString title() const { return QStringLiteral("Settings"); }
     QString accentTitle() const { return QStringLiteral("First Beat Emphasis"); }
     QString packHeader() const { return QStringLiteral("Sound Pack"); }
     QString presetsHeader() const { return QStringLiteral("Custom Presets"); }
@@ -83,9 +82,9 @@ public:
     QString message() const { return message_; }
 
     // Takes the switch, the pack and the mark from the metronome.
-    Q_INVOKABLE void viewWillAppear();
+    void viewWillAppear() override;
     // Saves the metronome's settings, so changes made here are kept.
-    Q_INVOKABLE void viewWillDisappear();
+    void viewWillDisappear() override;
 
     // Flips the first-beat accent and restarts a running metronome.
     Q_INVOKABLE void toggleAccent();

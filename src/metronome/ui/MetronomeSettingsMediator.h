@@ -3,26 +3,22 @@
 // It listens to no notification: the screen calls it, and it answers from
 // the proxy or hands a preset to the screen's metronome.
 
-#include <QPointer>
 #include <memory>
 
-#include "framework/Mediator.h"
-#include "metronome/MetronomeSettings.h"
-#include "metronome/MetronomeSettingsDelegate.h"
+#include "app/ScreenMediator.h"
+#include "metronome/ui/MetronomeSettings.h"
+#include "metronome/ui/MetronomeSettingsDelegate.h"
 
 namespace zt {
 
 class MetronomeProxy;
 
-class MetronomeSettingsMediator : public Mediator, public MetronomeSettingsDelegate {
+class MetronomeSettingsMediator
+    : public ScreenMediator<MetronomeSettings, MetronomeSettingsDelegate> {
 public:
     static constexpr const char* NAME = "MetronomeSettingsMediator";
 
-    explicit MetronomeSettingsMediator(MetronomeSettings* screen);
-
-    // Becomes the screen's delegate and keeps MetronomeProxy.
-    void onRegister() override;
-    void onRemove() override;
+    explicit MetronomeSettingsMediator(MetronomeSettings* screen) : ScreenMediator(NAME, screen) {}
 
     int presetsCount() const override;
     std::string presetNameForIndex(int index) const override;
@@ -33,8 +29,11 @@ public:
     // The preset's dictionary to the metronome's setSettingsFromDictionary.
     void setMetronomePresetTo(int index) override;
 
+protected:
+    // Keeps MetronomeProxy.
+    void registered() override;
+
 private:
-    QPointer<MetronomeSettings> screen_;
     std::shared_ptr<MetronomeProxy> presets_;
 };
 

@@ -4,32 +4,26 @@
 // ("GetMetronomeSavedData" / "StateMetronomeData", "SaveMetronomeState"),
 // and the pause that other tools ask for ("StopMetronome").
 
-#include <QPointer>
 #include <memory>
 
-#include "framework/Mediator.h"
-#include "metronome/Metronome.h"
-#include "metronome/MetronomeDelegate.h"
+#include "app/ScreenMediator.h"
+#include "metronome/ui/Metronome.h"
+#include "metronome/ui/MetronomeDelegate.h"
 
 namespace zt {
 
 class MediaProxy;
 
-class MetronomeMediator : public Mediator, public MetronomeDelegate {
+class MetronomeMediator : public ScreenMediator<Metronome, MetronomeDelegate> {
 public:
     static constexpr const char* NAME = "MetronomeMediator";
 
-    explicit MetronomeMediator(Metronome* screen);
+    explicit MetronomeMediator(Metronome* screen) : ScreenMediator(NAME, screen) {}
 
     // "StopMetronome", "StateMetronomeData", "ShowMetronomeFromTab",
     // "ShowMetronomeFromTools".
     std::vector<std::string> listNotificationInterests() const override;
     void handleNotification(const Notification& notification) override;
-    // Becomes the screen's delegate, keeps MediaProxy and restores the
-    // screen from the saved state.
-    void onRegister() override;
-    void onRemove() override;
-
     void playSoundByID(int soundId, int group, bool loop) override;
     // "StopMusic" and "StartMusic".
     void stopMusic() override;
@@ -42,8 +36,11 @@ public:
     void saveMetronomeSettings(const Dictionary& settings) override;
     bool isBuffersLoaded() const override;
 
+protected:
+    // Keeps MediaProxy and restores the screen from the saved state.
+    void registered() override;
+
 private:
-    QPointer<Metronome> screen_;
     std::shared_ptr<MediaProxy> media_;
 };
 

@@ -1,13 +1,11 @@
-#include "metronome/Metronome.h"
+#include "metronome/ui/Metronome.h"
 
 #include <QMetaObject>
 
 #include "framework/Log.h"
 #include "metronome/ClickSounds.h"
-#include "metronome/MetronomeDelegate.h"
-#include "metronome/MetronomePlayer.h"
 #include "metronome/TempoRules.h"
-#include "sound/SoundEngine.h"
+#include "metronome/ui/MetronomeDelegate.h"
 
 namespace zt {
 
@@ -16,27 +14,15 @@ namespace {
 constexpr int kBeatPollMs = 16;
 }  // namespace
 
-Metronome::Metronome(QObject* parent)
-    : Metronome(std::make_unique<MetronomePlayer>(SoundEngine::shared()), parent) {}
-
-Metronome::Metronome(std::unique_ptr<MetronomePlayer> player, QObject* parent)
-    : QObject(parent), player_(std::move(player)), output_(*player_), core_(output_) {
-    init();
-}
-
 Metronome::Metronome(MetronomeOutput& output, const TickClock& clock, QObject* parent)
-    : QObject(parent), output_(output), core_(output_, clock) {
-    init();
-}
-
-Metronome::~Metronome() = default;
-
-void Metronome::init() {
+    : Screen(parent), output_(output), core_(output_, clock) {
     shownRow_ = core_.getCurrentBPM();
     beatTimer_.setInterval(kBeatPollMs);
     beatTimer_.setTimerType(Qt::PreciseTimer);
     connect(&beatTimer_, &QTimer::timeout, this, &Metronome::pollHeardBeats);
 }
+
+Metronome::~Metronome() = default;
 
 QStringList Metronome::wheelLabels() const {
     QStringList labels;
@@ -277,15 +263,9 @@ void Metronome::pollHeardBeats() {
         ++beatCount_;
         emit beatCountChanged();
     }
-    if (core_.isPlaying() || output_.hasHeldStop())
-        return;
     // Stopped: keep watching until the last click has been heard.
-    if (player_) {
-        player_->releaseStreamWhenSilent();
-        if (player_->isStreaming())
-            return;
-    }
-    beatTimer_.stop();
+    if (!core_.isPlaying() && output_.releaseWhenSilent())
+        beatTimer_.stop();
 }
 
 }  // namespace zt

@@ -1,0 +1,49 @@
+#pragma once
+// What the shell knows of every screen: its title, and the moments it is
+// shown and hidden. A screen class holds its tool's behaviour and state as
+// properties and invokables; its QML view only draws it. The shell calls
+// these through the base class, so a screen overrides only the moments it
+// cares about.
+//
+// Subclasses name the base in full, `class X : public zt::Screen`, so that
+// the QML tools see the inheritance.
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QObject>
+#include <QString>
+
+namespace zt {
+
+class Screen : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Screens are made by the shell")
+    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+
+public:
+    explicit Screen(QObject* parent = nullptr) : QObject(parent) {}
+
+    QString title() const { return title_; }
+    // The shell gives each screen the title of its row in the screen table.
+    void setTitle(const QString& title);
+
+    // The screen is about to be shown: on top of its navigation stack, on
+    // the tab being shown.
+    virtual void viewWillAppear() {}
+    // The screen is about to be covered, popped or its tab left; then, once
+    // it is gone, viewDidDisappear.
+    virtual void viewWillDisappear() {}
+    virtual void viewDidDisappear() {}
+    // Whether the tab bar shows along with this screen (told to the root
+    // screen of each tab when the tab changes).
+    virtual void setTabBarIsVisible(bool) {}
+
+signals:
+    void titleChanged();
+
+private:
+    QString title_;
+};
+
+}  // namespace zt

@@ -1,0 +1,93 @@
+#include "app/Screens.h"
+
+#include "app/PlaceholderScreen.h"
+#include "app/ScreenEngines.h"
+#include "app/Tools.h"
+#include "metronome/ui/Metronome.h"
+#include "metronome/ui/MetronomeMediator.h"
+#include "metronome/ui/MetronomeSettings.h"
+#include "metronome/ui/MetronomeSettingsMediator.h"
+#include "tuners/ui/CommonSettings.h"
+#include "tuners/ui/CommonSettingsMediator.h"
+
+namespace zt {
+
+namespace {
+
+template <class S>
+Screen* make(const Tools&, const ScreenEngines&) {
+    return new S();
+}
+
+template <class M>
+std::shared_ptr<Mediator> mediate(Screen* screen) {
+    return makeMediator<M>(qobject_cast<typename M::ScreenType*>(screen));
+}
+
+Screen* makeMetronome(const Tools&, const ScreenEngines& engines) {
+    return new Metronome(engines.metronome, engines.clock);
+}
+
+Screen* makeMetronomeSettings(const Tools& shell, const ScreenEngines&) {
+    return new MetronomeSettings(shell.screenAs<Metronome>("metronome"));
+}
+
+constexpr const char* kPlaceholder = "app/PlaceholderView.qml";
+
+}  // namespace
+
+const std::vector<ScreenRow>& screenTable() {
+    static const std::vector<ScreenRow> rows = {
+        {"metronome", "Metronome", MetronomeTab, makeMetronome, mediate<MetronomeMediator>,
+         "metronome/ui/MetronomeView.qml", false},
+        {"metronomeSettings", "Settings", MetronomeTab, makeMetronomeSettings,
+         mediate<MetronomeSettingsMediator>, "metronome/ui/MetronomeSettingsView.qml", false},
+        {"chordsLibrary", "Chords Library", ChordsTab, make<PlaceholderScreen>, nullptr,
+         kPlaceholder, true},
+        {"chordsLibrarySettings", "Settings", ChordsTab, make<PlaceholderScreen>, nullptr,
+         kPlaceholder, false},
+        {"commonSettings", "Tunings", kAnyTab, make<CommonSettings>,
+         mediate<CommonSettingsMediator>, "tuners/ui/CommonSettingsView.qml", false},
+        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<PlaceholderScreen>, nullptr,
+         kPlaceholder, true},
+        {"tunerBrain", "Brain Tuner", BrainTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
+         true},
+        {"tunerBrainSettings", "Settings", BrainTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
+         false},
+        {"tunerChromaticSettings", "Settings", ChromaticTab, make<PlaceholderScreen>, nullptr,
+         kPlaceholder, false},
+        {"tunerChromaticTaper", "Tapering functions", ChromaticTab, make<PlaceholderScreen>,
+         nullptr, kPlaceholder, false},
+        {"orchestraControl", "Orchestra Tuning", ChromaticTab, make<PlaceholderScreen>, nullptr,
+         kPlaceholder, false},
+        {"microphoneCalibrating", "Microphone sensitivity", ChromaticTab, make<PlaceholderScreen>,
+         nullptr, kPlaceholder, false},
+        {"howToEnter", "How to enter", kAnyTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
+         false},
+    };
+    return rows;
+}
+
+const ScreenRow* screenRow(std::string_view key) {
+    for (const ScreenRow& row : screenTable()) {
+        if (key == row.key)
+            return &row;
+    }
+    return nullptr;
+}
+
+const std::vector<ToolTab>& toolTabs() {
+    static const std::vector<ToolTab> tabs = {
+        {"METRONOME", "Metronome", "\u2669", "metronome", "Open_Metronome",
+         "Error analitics - Metronome"},
+        {"CHROMATIC", "Chromatic Tuner", "\u266F", "tunerChromatic", "Open_ChromaticTuner",
+         "Error analitics - TunerChomatic"},
+        {"BRAIN", "Brain Tuner", "\u266A", "tunerBrain", "Open_BrainTuner",
+         "Error analitics - TunerBrain"},
+        {"CHORDS", "Chords", "\u266B", "chordsLibrary", "Open_ChordsLibrary",
+         "Error analitics - ChordsLibrary"},
+    };
+    return tabs;
+}
+
+}  // namespace zt

@@ -1,0 +1,18 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import ZebTools
+
+// A text button of the navigation bar, in the accent colour.
+Button {
+    id: button
+
+    flat: true
+    focusPolicy: Qt.NoFocus
+    contentItem: Text {
+        text: button.text
+        color: button.down ? Theme.textDim : Theme.accent
+        font.pixelSize: 15
+        verticalAlignment: Text.AlignVCenter
+    }
+    background: Item {}
+}
