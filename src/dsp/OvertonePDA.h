@@ -36,7 +36,6 @@ public:
     void correctByThirdPike();
 
     std::uint16_t matchedMode() const { return static_cast<std::uint16_t>(mode); }
-    std::uint32_t pikeIndex(int k) const { return indexPikes[k]; }
     double pikeFrequency(int k) const { return frequencyPikes[k]; }
 
 private:
