@@ -65,8 +65,7 @@ bool FileCapture::start(CaptureSink& sink, int rate) {
         const soxr_io_spec_t io = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
         const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_HQ, 0);
         soxr_error_t failure = nullptr;
-        impl_->resampler =
-            soxr_create(fileRate_, rate, 1, &failure, &io, &quality, nullptr);
+        impl_->resampler = soxr_create(fileRate_, rate, 1, &failure, &io, &quality, nullptr);
         if (failure)
             return false;
     }

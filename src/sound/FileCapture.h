@@ -21,8 +21,7 @@ class FileCapture final : public AudioCapture {
 public:
     // nullptr, with the reason in `error`, when the file is missing or is not
     // sound libsndfile can read.
-    static std::unique_ptr<FileCapture> open(const std::filesystem::path& path,
-                                             std::string& error);
+    static std::unique_ptr<FileCapture> open(const std::filesystem::path& path, std::string& error);
     ~FileCapture() override;
 
     // The file's own rate and length.
