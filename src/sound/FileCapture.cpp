@@ -33,6 +33,11 @@ struct FileCapture::Impl {
 
 std::unique_ptr<FileCapture> FileCapture::open(const std::filesystem::path& path,
                                                std::string& error) {
+    std::error_code missing;
+    if (!std::filesystem::exists(path, missing)) {
+        error = "no such file";
+        return nullptr;
+    }
     auto impl = std::make_unique<Impl>();
     impl->file = sf_open(path.c_str(), SFM_READ, &impl->info);
     if (!impl->file) {
