@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <utility>
 
 namespace zt {
@@ -35,21 +37,30 @@ void OvertonePDA::fillPikes() {
     const std::uint32_t first = std::max(start, 1u);
     indexPikes.fill(first);
 
-    auto far = [](std::uint32_t a, std::uint32_t b, std::uint32_t distance) {
-        return (a > b ? a - b : b - a) >= distance;
-    };
-    for (int peak = 0; peak < 3; ++peak) {
-        for (std::uint32_t i = first; i < end; ++i) {
-            if (peak >= 1 && !far(i, indexPikes[0], gap))
-                continue;
-            if (peak == 2 && !far(i, indexPikes[1], gap))
-                continue;
+    // Each peak is the strongest bin (the lowest of equals) at least `gap`
+    // bins from the peaks already taken: the scan skips the band around each.
+    auto strongest = [this](int peak, std::uint32_t from, std::uint32_t to) {
+        for (std::uint32_t i = from; i < to; ++i) {
             if (data[i] > volumePikes[peak]) {
                 volumePikes[peak] = data[i];
                 indexPikes[peak] = i;
             }
         }
-    }
+    };
+    // The band around a peak: bins from bandStart up to, not including, bandEnd.
+    auto bandStart = [gap](std::uint32_t peak) { return peak + 1 >= gap ? peak + 1 - gap : 0u; };
+    auto bandEnd = [gap](std::uint32_t peak) {
+        return peak + gap < peak ? std::numeric_limits<std::uint32_t>::max() : peak + gap;
+    };
+    strongest(0, first, end);
+    const std::uint32_t i0 = indexPikes[0];
+    strongest(1, first, std::min(end, bandStart(i0)));
+    strongest(1, std::max(first, bandEnd(i0)), end);
+    const std::uint32_t low = std::min(i0, indexPikes[1]);
+    const std::uint32_t high = std::max(i0, indexPikes[1]);
+    strongest(2, first, std::min(end, bandStart(low)));
+    strongest(2, std::max(first, bandEnd(low)), std::min(end, bandStart(high)));
+    strongest(2, std::max({first, bandEnd(low), bandEnd(high)}), end);
     fundamentalVolume = volumePikes[0];
 
     for (int k = 0; k < 3; ++k)
