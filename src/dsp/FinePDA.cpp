@@ -17,10 +17,13 @@ constexpr std::size_t kBins = BlockViews::kBins;
 // Range of fundamentals searched, Hz.
 constexpr double kLowest = 35.0;
 constexpr double kHighest = 2100.0;
-// Partials are looked for below this share of the sample rate, up to this
-// many multiples of half the period's fundamental.
+// Partials are looked for below this share of the sample rate.
 constexpr double kPartialLimit = 0.4875;
-constexpr int kMaxSlots = 40;
+// Partials are first sought at every multiple of this fraction of the
+// period's fundamental, up to kProbed times that fundamental.
+constexpr int kGridDivisions = 6;
+constexpr int kProbed = 8;
+constexpr int kDecisive = 4;
 // A peak counts as a partial when it stands this far above the noise and
 // within this ratio of the strongest...
 constexpr double kFloorOverNoise = 4.0;
@@ -29,6 +32,9 @@ constexpr double kFloorOverStrongest = 3e-3;
 // within a main lobe and a half of it (Hann side lobes are under -31 dB; a
 // Hann window of n samples has a main lobe 4 / n of the rate wide).
 constexpr double kLobeShare = 0.05;
+// Off the fundamental's multiples, only a peak this strong against the
+// strongest partial says that the fundamental lies lower.
+constexpr double kCertainShare = 0.03;
 // A partial whose view A holds less than this share of its magnitude in B
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
@@ -108,47 +114,74 @@ bool FinePDA::measurePartial(std::size_t k, double noise, Partial& partial) cons
     return true;
 }
 
+bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial) const {
+    const double binHz = sampleRate_ / kTransform;
+    const auto& magnitudes = views_.magnitudes();
+    const double tolerance = std::max(2.0 * binHz, std::min(0.03 * target, 0.3 * spacing));
+    const auto first =
+        static_cast<std::size_t>(std::max(kLowest * 0.8, target - tolerance) / binHz);
+    const auto last = std::min(kBins - 2, static_cast<std::size_t>((target + tolerance) / binHz));
+    if (first > last)
+        return false;
+    const auto k = static_cast<std::size_t>(
+        std::max_element(magnitudes.begin() + first, magnitudes.begin() + last + 1) -
+        magnitudes.begin());
+    const double peak = magnitudes[k];
+    if (peak < search_.floor || peak < magnitudes[k - 1] || peak < magnitudes[k + 1])
+        return false;
+    const std::size_t lobe = search_.lobeBins;
+    const auto near = std::max_element(magnitudes.begin() + std::max(k, lobe) - lobe,
+                                       magnitudes.begin() + std::min(k + lobe, kBins - 1));
+    if (peak < kLobeShare * *near)
+        return false;
+    partial = {number, 0.0, 0.0, peak};
+    // A peak nearer another multiple belongs to that one.
+    return measurePartial(k, search_.noise, partial) &&
+           std::fabs(partial.frequency - target) < 0.5 * spacing;
+}
+
 void FinePDA::findPartials(double coarse) {
     const double binHz = sampleRate_ / kTransform;
     const auto& magnitudes = views_.magnitudes();
     const auto lowBin = static_cast<std::size_t>(kLowest * 0.8 / binHz);
     const double strongest = *std::max_element(magnitudes.begin() + lowBin, magnitudes.end());
     // The noise of one bin, never quite zero.
-    const double noise = std::max<double>(views_.noise(lowBin), 1e-6 * strongest);
-    const double floor = std::max(kFloorOverNoise * noise, kFloorOverStrongest * strongest);
-    const std::size_t lobeBins = 6 * kTransform / views_.noteLength();
+    search_.noise = std::max<double>(views_.noise(lowBin), 1e-6 * strongest);
+    search_.floor = std::max(kFloorOverNoise * search_.noise, kFloorOverStrongest * strongest);
+    search_.lobeBins = 6 * kTransform / views_.noteLength();
+    const double limit = kPartialLimit * sampleRate_;
 
-    const double grid = coarse / 2.0;
+    // 1. Which multiples of a sixth of the period's fundamental hold
+    // partials, up to kProbed times that fundamental: a period read two or
+    // three times too short shows partials off its own multiples, one read
+    // too long none on most of them.
+    const double grid = coarse / kGridDivisions;
     fit_.clear();
-    for (int slot = 1; slot <= kMaxSlots; ++slot) {
+    Partial partial;
+    for (int slot = 1; slot <= kProbed * kGridDivisions; ++slot) {
         const double target = fit_.size() > 0 ? fit_.predict(slot) : slot * grid;
-        if (target > kPartialLimit * sampleRate_)
+        if (target > limit)
             break;
-        const double tolerance = std::max(2.0 * binHz, std::min(0.03 * target, 0.3 * grid));
-        const auto first = static_cast<std::size_t>(std::max(1.0, (target - tolerance) / binHz));
-        const auto last =
-            std::min(kBins - 2, static_cast<std::size_t>((target + tolerance) / binHz));
-        if (first > last)
-            continue;
-        const auto k = static_cast<std::size_t>(
-            std::max_element(magnitudes.begin() + first, magnitudes.begin() + last + 1) -
-            magnitudes.begin());
-        const double peak = magnitudes[k];
-        if (peak < floor || peak < magnitudes[k - 1] || peak < magnitudes[k + 1])
-            continue;
-        const auto near = std::max_element(magnitudes.begin() + std::max(k, lobeBins) - lobeBins,
-                                           magnitudes.begin() + std::min(k + lobeBins, kBins - 1));
-        if (peak < kLobeShare * *near)
-            continue;
-        Partial partial{slot, 0.0, 0.0, peak};
-        if (!measurePartial(k, noise, partial))
-            continue;
-        fit_.add(partial);
-        fit_.solve();
+        if (partialNear(target, grid, slot, partial)) {
+            fit_.add(partial);
+            fit_.solve();
+        }
     }
     if (fit_.size() == 0)
         return;
-    settleHarmonicNumbers();
+    const int divisor = settleHarmonicNumbers();
+
+    // 2. The partials above, on the fundamental's own multiples.
+    for (int h = kProbed * kGridDivisions / divisor + 1; fit_.size() < HarmonicFit::kCapacity;
+         ++h) {
+        const double target = fit_.predict(h);
+        if (target > limit)
+            break;
+        if (partialNear(target, fit_.f0(), h, partial)) {
+            fit_.add(partial);
+            fit_.solve();
+        }
+    }
     for (std::size_t i = fit_.size(); i-- > 0;) {
         if (fit_.size() > 1 && std::fabs(fit_.residualCents(i)) > kOutlierCents)
             fit_.remove(i);
@@ -163,21 +196,38 @@ void FinePDA::findPartials(double coarse) {
     fit_.solve();
 }
 
-void FinePDA::settleHarmonicNumbers() {
+int FinePDA::settleHarmonicNumbers() {
+    // The fundamental is the coarsest multiple of the grid on which all
+    // decisive partials stand: a faint peak off it (noise, most likely) does
+    // not count, nor does one above kDecisive times the period's
+    // fundamental, where the multiples searched lie so close that a partial
+    // may be taken for its neighbour's. Peaks off the new grid are dropped.
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    int divisor = 1;
     for (bool regrouped = true; regrouped;) {
         regrouped = false;
-        for (int divisor : {2, 3}) {
-            bool onGrid = true;
-            for (std::size_t i = 0; i < fit_.size() && onGrid; ++i)
-                onGrid = fit_[i].harmonic % divisor == 0;
-            if (onGrid) {
-                fit_.regroup(divisor);
-                regrouped = fit_.size() > 0;
+        for (int d : {2, 3}) {
+            int decisive = 0, onGrid = 0;
+            for (std::size_t i = 0; i < fit_.size(); ++i) {
+                const Partial& p = fit_[i];
+                if (p.amplitude >= kCertainShare * strongest &&
+                    p.harmonic * divisor <= kDecisive * kGridDivisions) {
+                    ++decisive;
+                    onGrid += p.harmonic % d == 0;
+                }
+            }
+            if (decisive > 0 && onGrid == decisive) {
+                fit_.regroup(d);
+                divisor *= d;
+                regrouped = true;
                 break;
             }
         }
     }
     fit_.solve();
+    return divisor;
 }
 
 void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t sampleRate) {
@@ -196,8 +246,10 @@ void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t s
     double coarse = 0.0;
     if (readable && fundamentalVolume >= kGateRatio * treshold && findPeriod(coarse)) {
         findPartials(coarse);
-        if (fit_.size() > 0)
-            fundamentalFrequency = fit_.predict(1);
+        // Outside the range searched a fit has gone astray.
+        const double first = fit_.size() > 0 ? fit_.predict(1) : 0.0;
+        if (first >= kLowest && first <= kHighest)
+            fundamentalFrequency = first;
     }
     updateVolumeLevel();
 }

@@ -59,8 +59,14 @@ private:
     // The peak's frequency and weight into `partial`; false when the peak
     // has no usable shape.
     bool measurePartial(std::size_t k, double noise, Partial& partial) const;
+    // The peak near `target`, measured as partial `number`, the multiples
+    // searched lying `spacing` apart; false when no peak there passes for a
+    // partial.
+    bool partialNear(double target, double spacing, int number, Partial& partial) const;
     void findPartials(double coarse);
-    void settleHarmonicNumbers();
+    // Numbers the partials as harmonics of the coarsest grid multiple they
+    // all stand on; returns that multiple.
+    int settleHarmonicNumbers();
     // Classic spectrum magnitude per unit of B's magnitudes.
     double classicScale(std::size_t blockLength);
 
@@ -68,6 +74,12 @@ private:
     std::array<std::complex<float>, BlockViews::kBins> power_{};
     std::array<float, BlockViews::kTransform> autocorrelation_{};
     HarmonicFit fit_;
+    // What a peak must pass to be a partial, for the block being read.
+    struct Search {
+        double noise = 0.0;
+        double floor = 0.0;
+        std::size_t lobeBins = 0;
+    } search_;
     double clarity_ = 0.0;
     double sampleRate_ = 8000.0;
 
