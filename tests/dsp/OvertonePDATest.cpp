@@ -2,7 +2,9 @@
 // takes, which harmonic pair it recognises, its threshold and its levels.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <random>
 #include <vector>
 
 #include "dsp/OvertonePDA.h"
@@ -133,6 +135,59 @@ TEST(OvertonePDA, LevelOnlyIsTheStrongestBinAsAPercentageOfTheScale) {
         bins[1000] = row.peak;
         detector().loadForVolume(bins.data(), 4096);
         EXPECT_EQ(detector().getVolumeLevel(), row.percent) << row.peak;
+    }
+}
+
+// The peaks by the plain rule: each the strongest bin (the lowest of equals)
+// from `first` below `end` at least `gap` bins from the peaks before it;
+// their refined frequencies, the lower of the two strongest first.
+std::array<double, 3> referencePeaks(OvertonePDA& pda, const std::vector<double>& bins,
+                                     std::uint32_t first, std::uint32_t end, std::uint32_t gap) {
+    std::array<double, 3> volume{};
+    std::array<std::uint32_t, 3> index{first, first, first};
+    for (int peak = 0; peak < 3; ++peak) {
+        for (std::uint32_t i = first; i < end; ++i) {
+            bool far = true;
+            for (int before = 0; before < peak; ++before) {
+                const std::uint32_t d = i > index[before] ? i - index[before] : index[before] - i;
+                far = far && d >= gap;
+            }
+            if (far && bins[i] > volume[peak]) {
+                volume[peak] = bins[i];
+                index[peak] = i;
+            }
+        }
+    }
+    std::array<double, 3> frequency{};
+    for (int k = 0; k < 3; ++k)
+        frequency[k] = pda.accuracyFrequency(index[k]);
+    if (frequency[0] > frequency[1])
+        std::swap(frequency[0], frequency[1]);
+    return frequency;
+}
+
+TEST(OvertonePDA, PeakScansFollowThePlainRule) {
+    // Random spectra with peaks in every arrangement, ties included, at the
+    // live geometry (gap 8) and at coarser ones (gap 0, and none at all).
+    std::mt19937 random(17);
+    std::uniform_int_distribution<int> level(0, 40);
+    const struct {
+        std::uint32_t length, rate;
+    } geometries[] = {{4096, 8000}, {1024, 8000}, {256, 8000}};
+    OvertonePDA& pda = detector();
+    for (const auto& g : geometries) {
+        const double h = static_cast<double>(g.rate) / g.length;
+        const auto first = std::max(1u, static_cast<std::uint32_t>(std::floor(20 / h)));
+        const std::uint32_t gap = static_cast<std::uint32_t>(std::floor(20 / h)) - 2u;
+        for (int round = 0; round < 200; ++round) {
+            std::vector<double> bins(g.length / 2);
+            for (auto& b : bins)
+                b = level(random) * 10.0;  // coarse steps: many ties
+            pda.loadForPitch(bins.data(), g.length, g.rate);
+            const auto expected = referencePeaks(pda, bins, first, g.length / 2 - 1, gap);
+            for (int k = 0; k < 3; ++k)
+                ASSERT_EQ(pda.pikeFrequency(k), expected[k]) << g.length << " round " << round;
+        }
     }
 }
 
