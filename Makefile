@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 BUILD_DIR := build/default
 ASAN_DIR := build/asan
 
-.PHONY: all deps build run screenshots test test-asan bench format-check clean
+.PHONY: all deps build run screenshots test test-asan bench format-check package package-check clean
 
 all: build
 
@@ -40,6 +40,14 @@ test-asan: deps
 # Every tracked C++ file as clang-format makes it (the repository's .clang-format).
 format-check: deps
 	@bash tools/check-format.sh
+
+# The Debian package, in build/package/.
+package: build
+	@cd $(BUILD_DIR) && cpack -B ../package
+
+# The package built, checked, installed with apt and run (CI).
+package-check: deps
+	@bash tools/check-package.sh
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done

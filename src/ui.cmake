@@ -31,5 +31,6 @@ target_link_libraries(zt_ui PUBLIC Qt6::Core Qt6::Gui Qt6::Qml Qt6::Quick Qt6::Q
 
 qt_add_executable(zebtools app/main.cpp)
 target_link_libraries(zebtools PRIVATE zt_ui zt_uiplugin)
+target_compile_definitions(zebtools PRIVATE ZEBTOOLS_VERSION="${PROJECT_VERSION}")
 install(TARGETS zebtools RUNTIME DESTINATION bin)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION share/zebtools)

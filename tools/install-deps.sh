@@ -13,6 +13,7 @@ packages=(
   libopenal-dev libopenal1 libsndfile1-dev libplist-dev libsoxr-dev libkissfft-dev
   libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
   pulseaudio pulseaudio-utils dbus dbus-x11 sox
+  help2man desktop-file-utils appstream man-db dpkg-dev
 )
 
 missing=()

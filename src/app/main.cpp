@@ -24,7 +24,7 @@ Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)
 int main(int argc, char* argv[]) {
     QCoreApplication::setOrganizationName("zebtools");
     QCoreApplication::setApplicationName("zebtools");
-    QCoreApplication::setApplicationVersion("0.1.0");
+    QCoreApplication::setApplicationVersion(ZEBTOOLS_VERSION);
 
     const bool headless = qEnvironmentVariable("QT_QPA_PLATFORM") == QLatin1String("offscreen");
     if (headless)
@@ -32,6 +32,7 @@ int main(int argc, char* argv[]) {
 
     QGuiApplication app(argc, argv);
     QGuiApplication::setApplicationDisplayName("ZebTools");
+    QGuiApplication::setDesktopFileName("org.zebtools.ZebTools");
     QQuickStyle::setStyle("Basic");
 
     QCommandLineParser parser;

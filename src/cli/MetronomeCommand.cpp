@@ -57,7 +57,7 @@ MetronomeCommand::MetronomeCommand(CLI::App& parent)
       pattern_(job_.setup.notesPerBeat),
       pack_(job_.setup.packNumber) {
     auto& app = command();
-    app.description(kDescription);
+    app.footer(kDescription);
     app.add_option("--bpm", bpm_, "tempo on the wheel")
         ->check(CLI::Range(kMinTempo, kMaxTempo))
         ->capture_default_str();
