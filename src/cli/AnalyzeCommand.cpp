@@ -134,7 +134,7 @@ public:
 AnalyzeCommand::AnalyzeCommand(CLI::App& parent)
     : CliCommand(parent, "analyze", "show the note of a sound file or the microphone") {
     auto& app = command();
-    app.description(kDescription);
+    app.footer(kDescription);
     auto* file = app.add_option("file", job_.file, "the sound file")->type_name("FILE");
     auto* mic =
         app.add_flag("--mic", job_.mic, "listen to the microphone instead, live")->excludes(file);
