@@ -2,6 +2,7 @@
 
 #include "app/StartupCommand.h"
 #include "state/StateCommands.h"
+#include "tuners/FrequencyCommands.h"
 
 namespace zt {
 
@@ -11,6 +12,9 @@ void ApplicationFacade::initializeController() {
     // any mediator exists, so a command always runs before the mediators
     // listening to the same name.
     registerCommand("Startup", commandClass<StartupCommand>());
+    registerCommand("GetMainFrequerncy", commandClass<GetMainFrequerncyCommand>());
+    registerCommand("StartAudioSession", commandClass<StartAudioSessionCommand>());
+    registerCommand("StopAudioSession", commandClass<StopAudioSessionCommand>());
     registerStateCommands(*this);
 }
 

@@ -8,6 +8,7 @@
 #include "metronome/MetronomeProxy.h"
 #include "sound/MediaProxy.h"
 #include "state/StateProxy.h"
+#include "tuners/MainFrequerncyProxy.h"
 #include "tuners/SettingsProxy.h"
 
 namespace zt {
@@ -20,6 +21,10 @@ void StartupCommand::execute(const Notification& notification) {
     f.registerProxy(makeProxy<ApplicationProxy>());
     f.registerProxy(makeProxy<StateProxy>());
     f.registerProxy(makeProxy<SettingsProxy>());
+    auto mainFrequerncy = makeProxy<MainFrequerncyProxy>();
+    f.registerProxy(mainFrequerncy);
+
+    sendNotification("GetChromaticTunerSavedData", static_cast<Proxy*>(mainFrequerncy.get()));
 
     f.registerProxy(makeProxy<MediaProxy>());
     f.registerProxy(makeProxy<MetronomeProxy>());

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "cli/Validators.h"
 #include "metronome/ClickSet.h"
 #include "metronome/ClickSounds.h"
 #include "metronome/MetronomeEngine.h"
@@ -49,22 +50,6 @@ const CLI::Validator kSignature(
                    : "must be N/D with N from 1 to 16 and D 4 or 8, not \"" + text + "\"";
     },
     "N/D");
-
-// CLI::Range lets NaN through (every comparison with it is false).
-CLI::Validator finiteRange(double min, double max) {
-    return CLI::Validator(
-        [min, max](std::string& text) {
-            double value = NAN;
-            const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
-            if (ec != std::errc() || end != text.data() + text.size() || !std::isfinite(value) ||
-                value < min || value > max) {
-                return "must be a number from " + CLI::detail::to_string(min) + " to " +
-                       CLI::detail::to_string(max) + ", not \"" + text + "\"";
-            }
-            return std::string();
-        },
-        "NUMBER in [" + CLI::detail::to_string(min) + " - " + CLI::detail::to_string(max) + "]");
-}
 
 }  // namespace
 

@@ -51,8 +51,8 @@ TEST_F(StartupTest, RegistersInOrderAndLiftsTheCoverOnceSoundsLoad) {
     Probe probe;
     auto registered = [&facade] {
         std::string s;
-        for (const char* p :
-             {"ApplicationProxy", "StateProxy", "SettingsProxy", "MediaProxy", "MetronomeProxy"}) {
+        for (const char* p : {"ApplicationProxy", "StateProxy", "SettingsProxy",
+                              "MainFrequerncyProxy", "MediaProxy", "MetronomeProxy"}) {
             s += facade.hasProxy(p) ? std::string(" ") + p : "";
         }
         for (const char* m : {"ToolsMediator", "CommonSettingsMediator"}) {
@@ -66,6 +66,7 @@ TEST_F(StartupTest, RegistersInOrderAndLiftsTheCoverOnceSoundsLoad) {
                (settings ? std::to_string(settings->getTuningNumber()) : std::string("-"));
     };
     probe.watch("ShowContest", registered);
+    probe.watch("GetChromaticTunerSavedData", registered);
     probe.watch("ActiveTabIndexReady", [&] { return registered() + tuning(); });
 
     Tools tools(engines_);
@@ -74,10 +75,12 @@ TEST_F(StartupTest, RegistersInOrderAndLiftsTheCoverOnceSoundsLoad) {
     EXPECT_EQ(probe.seen,
               (std::vector<std::string>{
                   "ShowContest",
-                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
-                  "MetronomeProxy tuning=27",
-                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
-                  "MetronomeProxy ToolsMediator tuning=27"}));
+                  "GetChromaticTunerSavedData ApplicationProxy StateProxy SettingsProxy "
+                  "MainFrequerncyProxy",
+                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy "
+                  "MainFrequerncyProxy MediaProxy MetronomeProxy tuning=27",
+                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy "
+                  "MainFrequerncyProxy MediaProxy MetronomeProxy ToolsMediator tuning=27"}));
     EXPECT_TRUE(std::filesystem::exists(dataDir_ / "presetsList.plist"));
     EXPECT_TRUE(tools.tabBarReady());
 

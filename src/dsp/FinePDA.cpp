@@ -1,0 +1,257 @@
+#include "dsp/FinePDA.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "dsp/PeriodEstimate.h"
+
+namespace zt {
+
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+constexpr std::size_t kView = BlockViews::kView;
+constexpr std::size_t kTransform = BlockViews::kTransform;
+constexpr std::size_t kBins = BlockViews::kBins;
+// Range of fundamentals searched, Hz.
+constexpr double kLowest = 35.0;
+constexpr double kHighest = 2100.0;
+// Partials are looked for below this share of the sample rate.
+constexpr double kPartialLimit = 0.4875;
+// Partials are first sought at every multiple of this fraction of the
+// period's fundamental, up to kProbed times that fundamental.
+constexpr int kGridDivisions = 6;
+constexpr int kProbed = 8;
+constexpr int kDecisive = 4;
+// A peak counts as a partial when it stands this far above the noise and
+// within this ratio of the strongest...
+constexpr double kFloorOverNoise = 4.0;
+constexpr double kFloorOverStrongest = 3e-3;
+// ...and is no side lobe: at least this share of the largest magnitude
+// within a main lobe and a half of it (Hann side lobes are under -31 dB; a
+// Hann window of n samples has a main lobe 4 / n of the rate wide).
+constexpr double kLobeShare = 0.05;
+// Off the fundamental's multiples, only a peak this strong against the
+// strongest partial says that the fundamental lies lower.
+constexpr double kCertainShare = 0.03;
+// A partial whose view A holds less than this share of its magnitude in B
+// has just begun: its phase advance is not yet to be trusted.
+constexpr double kSteadyRatio = 0.5;
+// How far partials above the first stray from the stiff-string law, as a
+// share of their frequency (a cent); the first partial is the pitch itself.
+constexpr double kModelSpread = 5.8e-4;
+// Partials further than this from the fit are dropped and the fit redone.
+constexpr double kOutlierCents = 15.0;
+
+double wrapPhase(double phase) {
+    return phase - 2.0 * kPi * std::floor((phase + kPi) / (2.0 * kPi));
+}
+
+}  // namespace
+
+FinePDA::FinePDA(const TaperSettings& settings) : FourierPDA(50.0, 200.0, settings) {}
+
+double FinePDA::classicScale(std::size_t blockLength) {
+    if (taper != scaleWindow_ || blockLength != scaleLength_) {
+        scaleSum_ = 0.0;
+        for (std::size_t i = 0; i < blockLength; ++i) {
+            scaleSum_ += taper ? taper->getValue(static_cast<double>(i),
+                                                 static_cast<std::uint32_t>(blockLength))
+                               : 1.0;
+        }
+        scaleWindow_ = taper;
+        scaleLength_ = blockLength;
+    }
+    // A sinusoid of amplitude a shows a kView / 4 in B and a * sum(window)
+    // / 2 / 4096 in the classic spectrum.
+    return 4.0 / kView * scaleSum_ / (2.0 * 4096.0);
+}
+
+bool FinePDA::findPeriod(double& coarse) {
+    const auto minLag = static_cast<std::size_t>(std::max(2.0, std::floor(sampleRate_ / kHighest)));
+    const auto maxLag = static_cast<std::size_t>(std::ceil(sampleRate_ / kLowest));
+    for (std::size_t k = 0; k < kBins; ++k)
+        power_[k] = std::norm(views_.rawB()[k]);
+    views_.inverse(power_.data(), autocorrelation_.data());
+    for (std::size_t lag = 0; lag <= maxLag + 1; ++lag)
+        autocorrelation_[lag] /= static_cast<float>(kTransform);
+
+    const auto period = estimatePeriod(autocorrelation_.data(), views_.squares().data(), kView,
+                                       minLag, maxLag, 0.9);
+    if (!period)
+        return false;
+    clarity_ = period->clarity;
+    coarse = sampleRate_ / period->lag;
+    return clarity_ >= kMinClarity;
+}
+
+bool FinePDA::measurePartial(std::size_t k, double noise, Partial& partial) const {
+    const double binHz = sampleRate_ / kTransform;
+    const auto& magnitudes = views_.magnitudes();
+    const double peak = magnitudes[k];
+    const std::size_t lag = views_.lag();
+    if (views_.steady() && std::abs(views_.hannA(k)) >= kSteadyRatio * peak) {
+        const double advance = std::arg(views_.hannB(k) * std::conj(views_.hannA(k)));
+        const double expected = 2.0 * kPi * static_cast<double>(k * lag) / kTransform;
+        const double offset = wrapPhase(advance - expected) * kTransform / (2.0 * kPi * lag);
+        if (std::fabs(offset) <= 1.5) {
+            partial.frequency = (k + offset) * binHz;
+            const double spread = noise / peak * sampleRate_ / (2.0 * kPi * lag);
+            partial.weight = 1.0 / (spread * spread);
+            return true;
+        }
+    }
+    const double l = std::log(magnitudes[k - 1]);
+    const double c = std::log(peak);
+    const double r = std::log(magnitudes[k + 1]);
+    const double curvature = l - 2.0 * c + r;
+    if (!(curvature < 0.0))
+        return false;
+    partial.frequency = (k + std::clamp(0.5 * (l - r) / curvature, -1.0, 1.0)) * binHz;
+    const double spread = noise / peak * binHz;
+    partial.weight = 1.0 / (spread * spread);
+    return true;
+}
+
+bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial) const {
+    const double binHz = sampleRate_ / kTransform;
+    const auto& magnitudes = views_.magnitudes();
+    const double tolerance = std::max(2.0 * binHz, std::min(0.03 * target, 0.3 * spacing));
+    const auto first =
+        static_cast<std::size_t>(std::max(kLowest * 0.8, target - tolerance) / binHz);
+    const auto last = std::min(kBins - 2, static_cast<std::size_t>((target + tolerance) / binHz));
+    if (first > last)
+        return false;
+    const auto k = static_cast<std::size_t>(
+        std::max_element(magnitudes.begin() + first, magnitudes.begin() + last + 1) -
+        magnitudes.begin());
+    const double peak = magnitudes[k];
+    if (peak < search_.floor || peak < magnitudes[k - 1] || peak < magnitudes[k + 1])
+        return false;
+    const std::size_t lobe = search_.lobeBins;
+    const auto near = std::max_element(magnitudes.begin() + std::max(k, lobe) - lobe,
+                                       magnitudes.begin() + std::min(k + lobe, kBins - 1));
+    if (peak < kLobeShare * *near)
+        return false;
+    partial = {number, 0.0, 0.0, peak};
+    // A peak nearer another multiple belongs to that one.
+    return measurePartial(k, search_.noise, partial) &&
+           std::fabs(partial.frequency - target) < 0.5 * spacing;
+}
+
+void FinePDA::findPartials(double coarse) {
+    const double binHz = sampleRate_ / kTransform;
+    const auto& magnitudes = views_.magnitudes();
+    const auto lowBin = static_cast<std::size_t>(kLowest * 0.8 / binHz);
+    const double strongest = *std::max_element(magnitudes.begin() + lowBin, magnitudes.end());
+    // The noise of one bin, never quite zero.
+    search_.noise = std::max<double>(views_.noise(lowBin), 1e-6 * strongest);
+    search_.floor = std::max(kFloorOverNoise * search_.noise, kFloorOverStrongest * strongest);
+    search_.lobeBins = 6 * kTransform / views_.noteLength();
+    const double limit = kPartialLimit * sampleRate_;
+
+    // 1. Which multiples of a sixth of the period's fundamental hold
+    // partials, up to kProbed times that fundamental: a period read two or
+    // three times too short shows partials off its own multiples, one read
+    // too long none on most of them.
+    const double grid = coarse / kGridDivisions;
+    fit_.clear();
+    Partial partial;
+    for (int slot = 1; slot <= kProbed * kGridDivisions; ++slot) {
+        const double target = fit_.size() > 0 ? fit_.predict(slot) : slot * grid;
+        if (target > limit)
+            break;
+        if (partialNear(target, grid, slot, partial)) {
+            fit_.add(partial);
+            fit_.solve();
+        }
+    }
+    if (fit_.size() == 0)
+        return;
+    const int divisor = settleHarmonicNumbers();
+
+    // 2. The partials above, on the fundamental's own multiples.
+    for (int h = kProbed * kGridDivisions / divisor + 1; fit_.size() < HarmonicFit::kCapacity;
+         ++h) {
+        const double target = fit_.predict(h);
+        if (target > limit)
+            break;
+        if (partialNear(target, fit_.f0(), h, partial)) {
+            fit_.add(partial);
+            fit_.solve();
+        }
+    }
+    for (std::size_t i = fit_.size(); i-- > 0;) {
+        if (fit_.size() > 1 && std::fabs(fit_.residualCents(i)) > kOutlierCents)
+            fit_.remove(i);
+    }
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        Partial& p = fit_.at(i);
+        if (p.harmonic > 1) {
+            const double model = kModelSpread * p.frequency;
+            p.weight = 1.0 / (1.0 / p.weight + model * model);
+        }
+    }
+    fit_.solve();
+}
+
+int FinePDA::settleHarmonicNumbers() {
+    // The fundamental is the coarsest multiple of the grid on which all
+    // decisive partials stand: a faint peak off it (noise, most likely) does
+    // not count, nor does one above kDecisive times the period's
+    // fundamental, where the multiples searched lie so close that a partial
+    // may be taken for its neighbour's. Peaks off the new grid are dropped.
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    int divisor = 1;
+    for (bool regrouped = true; regrouped;) {
+        regrouped = false;
+        for (int d : {2, 3}) {
+            int decisive = 0, onGrid = 0;
+            for (std::size_t i = 0; i < fit_.size(); ++i) {
+                const Partial& p = fit_[i];
+                if (p.amplitude >= kCertainShare * strongest &&
+                    p.harmonic * divisor <= kDecisive * kGridDivisions) {
+                    ++decisive;
+                    onGrid += p.harmonic % d == 0;
+                }
+            }
+            if (decisive > 0 && onGrid == decisive) {
+                fit_.regroup(d);
+                divisor *= d;
+                regrouped = true;
+                break;
+            }
+        }
+    }
+    fit_.solve();
+    return divisor;
+}
+
+void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t sampleRate) {
+    fundamentalFrequency = NO_FREQUENCY;
+    fundamentalVolume = 0.0;
+    clarity_ = 0.0;
+    fit_.clear();
+    sampleRate_ = sampleRate;
+    const bool readable = views_.load(samples);
+    if (samples.size() >= kView) {
+        const auto& magnitudes = views_.magnitudes();
+        const auto lowBin = static_cast<std::size_t>(kLowest * 0.8 / (sampleRate_ / kTransform));
+        fundamentalVolume = *std::max_element(magnitudes.begin() + lowBin, magnitudes.end()) *
+                            classicScale(samples.size());
+    }
+    double coarse = 0.0;
+    if (readable && fundamentalVolume >= kGateRatio * treshold && findPeriod(coarse)) {
+        findPartials(coarse);
+        // Outside the range searched a fit has gone astray.
+        const double first = fit_.size() > 0 ? fit_.predict(1) : 0.0;
+        if (first >= kLowest && first <= kHighest)
+            fundamentalFrequency = first;
+    }
+    updateVolumeLevel();
+}
+
+}  // namespace zt

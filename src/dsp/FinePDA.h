@@ -1,0 +1,91 @@
+#pragma once
+// The fine detector, our own, which the live tuner uses unless classic
+// detection is chosen. It reads the block's samples rather than the classic
+// spectrum, through two views of it (BlockViews): B, the newest 1024
+// samples, and A, the 1024 ending 976 samples earlier.
+//   1. Period: McLeod's normalised square difference of B (PeriodEstimate)
+//      gives a coarse fundamental and the block's clarity. It is read in the
+//      time domain, so a weak or missing fundamental does not matter.
+//   2. Partials: at every multiple of half that fundamental the Hann
+//      spectrum of B is searched for a peak. Its frequency comes from the
+//      phase it advanced between A and B, exact for a steady or decaying
+//      partial wherever it lies between bins; where A does not hold the
+//      partial yet (a note that has just begun) from a parabola through the
+//      log magnitudes of B.
+//   3. Harmonic numbers: the fundamental is the finest multiple of the
+//      search grid on which all partials stand. Half the period's
+//      fundamental when odd multiples hold partials (a strong second partial
+//      over a weak fundamental fools the period), twice or three times it
+//      when partials stand only on every second or third multiple.
+//   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
+//      each weighed by its measurement's noise and by how far partials above
+//      the first stray from the law; the result is the first partial.
+// No pitch when the strongest partial is under the gate, the block is not
+// periodic enough, or a note has sounded for less than 40 ms.
+//
+// Sensitivity: the gate is the classic threshold lowered by kGateRatio, as
+// the clarity test rejects noise that the classic detector can only keep out
+// by level. Level: the strongest partial is put on the classic spectrum's
+// scale for the chosen window, so the 0 ... 10 level (and the percentage
+// level, which the analyzer computes as for any detector) read alike. The
+// window itself does not shape the estimate: the phase advance is exact
+// under any window, and the side lobes of the nearly flat default would
+// otherwise cost cents.
+
+#include "dsp/BlockViews.h"
+#include "dsp/FourierPDA.h"
+#include "dsp/HarmonicFit.h"
+
+namespace zt {
+
+class FinePDA final : public FourierPDA {
+public:
+    static constexpr double kGateRatio = 1.0 / 8.0;
+    static constexpr double kMinClarity = 0.5;
+
+    explicit FinePDA(const TaperSettings& settings);
+    static FinePDA& getInstance(const TaperSettings& settings);
+
+    bool readsSamples() const override { return true; }
+    void loadSamples(std::span<const std::int16_t> samples, std::uint32_t sampleRate) override;
+
+    // Of the last analysis: how periodic the block was (0 ... 1) and the
+    // fitted inharmonicity.
+    double clarity() const { return clarity_; }
+    double inharmonicity() const { return fit_.inharmonicity(); }
+
+private:
+    bool findPeriod(double& coarse);
+    // The peak's frequency and weight into `partial`; false when the peak
+    // has no usable shape.
+    bool measurePartial(std::size_t k, double noise, Partial& partial) const;
+    // The peak near `target`, measured as partial `number`, the multiples
+    // searched lying `spacing` apart; false when no peak there passes for a
+    // partial.
+    bool partialNear(double target, double spacing, int number, Partial& partial) const;
+    void findPartials(double coarse);
+    // Numbers the partials as harmonics of the coarsest grid multiple they
+    // all stand on; returns that multiple.
+    int settleHarmonicNumbers();
+    // Classic spectrum magnitude per unit of B's magnitudes.
+    double classicScale(std::size_t blockLength);
+
+    BlockViews views_;
+    std::array<std::complex<float>, BlockViews::kBins> power_{};
+    std::array<float, BlockViews::kTransform> autocorrelation_{};
+    HarmonicFit fit_;
+    // What a peak must pass to be a partial, for the block being read.
+    struct Search {
+        double noise = 0.0;
+        double floor = 0.0;
+        std::size_t lobeBins = 0;
+    } search_;
+    double clarity_ = 0.0;
+    double sampleRate_ = 8000.0;
+
+    const SignalWindow* scaleWindow_ = nullptr;
+    std::size_t scaleLength_ = 0;
+    double scaleSum_ = 0.0;
+};
+
+}  // namespace zt
