@@ -25,8 +25,6 @@ bool isNinth(int type) {
 
 // A shape with the bass at this fret or above is not offered.
 constexpr int kHighestLowestFret = 11;
-// Stands for "no fretted string" in lowestFrettedFret.
-constexpr int kNoFret = 20;
 
 // Frets first to last as bits.
 std::uint32_t fretRange(int first, int last) {
@@ -241,8 +239,8 @@ void ChordLibrary::finish(VariationSet& out) const {
         v.frets = r.frets;
         v.bassNote = r.bassNote;
         const int played = v.playedStrings();
-        v.lowestFret = kNoFret;
-        v.lowestFrettedFret = kNoFret;
+        v.lowestFret = kNoFrettedString;
+        v.lowestFrettedFret = kNoFrettedString;
         for (int p = 0; p < kStringCount; ++p) {
             if (p >= played) {
                 v.pitches[p] = -1;

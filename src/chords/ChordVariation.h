@@ -17,6 +17,8 @@
 namespace zt {
 
 inline constexpr int kStringCount = 6;
+// ChordVariation::lowestFrettedFret of a shape with every string open.
+inline constexpr int kNoFrettedString = 20;
 
 // Finger codes in ChordVariation::fingers.
 namespace fingercode {
@@ -53,7 +55,7 @@ struct ChordVariation {
     std::array<std::int32_t, kStringCount> pitches;  // -1 for muted positions
     std::array<std::int32_t, kStringCount> fingers;  // finger codes, see above
     std::int32_t lowestFret;         // lowest fret among sounding strings, 0 counted
-    std::int32_t lowestFrettedFret;  // lowest non-zero fret (20 when every string is open)
+    std::int32_t lowestFrettedFret;  // lowest non-zero fret, or kNoFrettedString
     std::int32_t openStrings;
     std::int32_t fingersUsed;
     BarreInfo barres;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "cli/ChordsCommand.h"
 #include "cli/CliCommand.h"
 #include "cli/MetronomeCommand.h"
 
@@ -43,6 +44,7 @@ int runCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     // One line per command; each command's code lives in its own file.
     std::vector<std::unique_ptr<CliCommand>> commands;
     commands.push_back(std::make_unique<MetronomeCommand>(app));
+    commands.push_back(std::make_unique<ChordsCommand>(app));
 
     // CLI11 takes the arguments last first.
     std::vector<std::string> reversed(args.rbegin(), args.rend());
