@@ -27,10 +27,11 @@ std::string_view noteName(int note) {
         ((note % chords::kPitchClasses) + chords::kPitchClasses) % chords::kPitchClasses)];
 }
 
-std::string_view bassName(const VariationSet& set, int group) {
+std::string_view bassName(const VariationSet& set, int group, std::string_view root) {
     if (group < 0 || group >= set.groupCount || set.groupStart[group] >= set.count)
         return {};
-    return noteName(set.records[static_cast<std::size_t>(set.groupStart[group])].pitches[0]);
+    const int bass = set.records[static_cast<std::size_t>(set.groupStart[group])].bassNote;
+    return bass < 0 ? root : noteName(bass);
 }
 
 }  // namespace zt

@@ -39,8 +39,10 @@ ChordShape shapeOf(const ChordVariation& v);
 // "C", "C#", ... of an absolute note number or a pitch class.
 std::string_view noteName(int note);
 
-// The note in the bass of a group of the set ("E" for the shapes of C major
-// with E in the bass); empty for a group outside the set.
-std::string_view bassName(const VariationSet& set, int group);
+// The note in the bass of a group of the set of a chord on `root` ("E" for
+// the shapes of C major with E in the bass). The group with the root in the
+// bass, and the one group of a "dim7" (whose shapes are all inversions of
+// one another), give the root. Empty for a group outside the set.
+std::string_view bassName(const VariationSet& set, int group, std::string_view root);
 
 }  // namespace zt

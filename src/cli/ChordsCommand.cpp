@@ -201,7 +201,7 @@ int ChordsCommand::printChord(std::ostream& out) const {
     for (int g = 0; g < set.groupCount; ++g) {
         if (set.groupStart[g] >= shown)
             break;
-        out << "\nbass " << bassName(set, g) << "\n";
+        out << "\nbass " << bassName(set, g, root) << "\n";
         for (int i = set.groupStart[g]; i < std::min(set.groupStart[g + 1], shown); ++i) {
             const auto& v = set.records[static_cast<std::size_t>(i)];
             out << "\n#" << i + 1 << "  " << fretLine(v) << "\n" << diagram(v, "    ");
