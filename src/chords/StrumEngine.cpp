@@ -9,11 +9,6 @@ namespace zt {
 
 namespace {
 
-// Each string's level. The recordings peak near full scale; six of them
-// ringing together, 60 ms apart, reach up to four times that, so each plays
-// at a fifth and a full strum stays clear of clipping.
-constexpr float kStringGain = 0.2f;
-
 // Playback-rate factor of a note n semitones above its string's recording.
 double stepOf(int index) {
     return std::exp2(index / 12.0);

@@ -26,6 +26,11 @@ namespace zt {
 
 class StrumEngine final : public StreamRenderer {
 public:
+    // Each string's level. The recordings peak near full scale; six of them
+    // ringing together, 60 ms apart, reach up to four times that, so each
+    // plays at a fifth and a full strum stays clear of clipping.
+    static constexpr float kStringGain = 0.2f;
+
     // The recordings, by string number: [n - 1] is string n, mono at the
     // engine's rate. The samples are owned elsewhere (the sound engine's
     // decoded sounds, or a StringSet) and must outlive their use here. An
