@@ -3,6 +3,7 @@
 #include "app/ApplicationProxy.h"
 #include "app/Tools.h"
 #include "app/ToolsMediator.h"
+#include "chords/ChordsProxy.h"
 #include "framework/Facade.h"
 #include "metronome/Metronome.h"
 #include "metronome/MetronomeMediator.h"
@@ -24,6 +25,7 @@ void StartupCommand::execute(const Notification& notification) {
 
     f.registerProxy(makeProxy<ApplicationProxy>());
     f.registerProxy(makeProxy<StateProxy>());
+    f.registerProxy(makeProxy<ChordsProxy>());
     f.registerProxy(makeProxy<SettingsProxy>());
 
     f.registerProxy(makeProxy<MediaProxy>());

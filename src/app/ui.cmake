@@ -10,5 +10,5 @@ list(APPEND ZT_UI_SOURCES
 list(APPEND ZT_QML_FILES
   app/Theme.qml app/Main.qml app/ToolTabBar.qml app/ToolStack.qml app/ScreenPage.qml
   app/PlaceholderView.qml app/LoadingCover.qml)
-list(APPEND ZT_UI_LIBS zt_state zt_sound zt_tuners)
+list(APPEND ZT_UI_LIBS zt_state zt_sound zt_tuners zt_chords)
 include_directories(${CMAKE_CURRENT_LIST_DIR})

@@ -63,8 +63,8 @@ TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
     Probe probe;
     auto registered = [&facade] {
         std::string s;
-        for (const char* p :
-             {"ApplicationProxy", "StateProxy", "SettingsProxy", "MediaProxy", "MetronomeProxy"}) {
+        for (const char* p : {"ApplicationProxy", "StateProxy", "ChordsProxy", "SettingsProxy",
+                              "MediaProxy", "MetronomeProxy"}) {
             s += facade.hasProxy(p) ? std::string(" ") + p : "";
         }
         for (const char* m : {"ToolsMediator", "CommonSettingsMediator"}) {
@@ -86,10 +86,10 @@ TEST_F(StartupTest, RegistersInOrderAndOpensTheSavedTabOnceSoundsLoad) {
     EXPECT_EQ(probe.seen,
               (std::vector<std::string>{
                   "ShowContest",
-                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
-                  "MetronomeProxy tuning=27",
-                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy MediaProxy "
-                  "MetronomeProxy ToolsMediator tuning=27"}));
+                  "ActiveTabIndexReady ApplicationProxy StateProxy ChordsProxy SettingsProxy "
+                  "MediaProxy MetronomeProxy tuning=27",
+                  "ActiveTabIndexReady ApplicationProxy StateProxy ChordsProxy SettingsProxy "
+                  "MediaProxy MetronomeProxy ToolsMediator tuning=27"}));
     for (const char* m :
          {"MetronomeMediator", "MetronomeSettingsMediator", "CommonSettingsMediator"}) {
         EXPECT_TRUE(facade.hasMediator(m)) << m;
