@@ -1,10 +1,8 @@
 #include "cli/ChordsCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <chrono>
 #include <memory>
-#include <optional>
 
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordLibrary.h"
@@ -12,6 +10,7 @@
 #include "chords/StringSet.h"
 #include "chords/StrumEngine.h"
 #include "chords/VariationOrder.h"
+#include "cli/ChordArguments.h"
 #include "cli/ChordDiagram.h"
 #include "sound/OfflineRender.h"
 #include "sound/SoundEngine.h"
@@ -27,94 +26,6 @@ constexpr const char* kDescription =
     "chord in every tuning; or strums a chord into a 16-bit mono WAV file at 44100 Hz, as the "
     "app plays it.";
 
-// The chord as the generator spells it: a flat written "b" ("Bb", "Ebm7")
-// becomes the sharp below ("A#", "D#m7"); nullopt for a name that is not a
-// chord.
-std::optional<std::string> chordName(const std::string& text) {
-    std::string name = text;
-    if (name.size() >= 2 && name[1] == 'b') {
-        const auto letter = chords::pitchClass(name.substr(0, 1));
-        if (!letter)
-            return std::nullopt;
-        const int below = (*letter + chords::kPitchClasses - 1) % chords::kPitchClasses;
-        name = std::string(chords::names()[static_cast<std::size_t>(below)]) + name.substr(2);
-    }
-    if (!chords::parseChord(name))
-        return std::nullopt;
-    return name;
-}
-
-std::string typeList() {
-    std::string list = "major (nothing)";
-    for (auto key : chords::typeKeys()) {
-        if (!key.empty())
-            list += ", " + std::string(key);
-    }
-    return list;
-}
-
-const CLI::Validator kChord(
-    [](std::string& text) {
-        if (chordName(text))
-            return std::string();
-        return "\"" + text +
-               "\" is not a chord: write a root (C C# D D# E F F# G G# A A# B, or a flat such as "
-               "Bb) followed by a type: " +
-               typeList();
-    },
-    "CHORD");
-
-// The catalogue index of a tuning given by number or by name (any case).
-std::optional<std::size_t> tuningIndex(const std::string& text) {
-    const auto& all = tunings::catalogue();
-    std::size_t index = 0;
-    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), index);
-    if (ec == std::errc() && end == text.data() + text.size() && !text.empty())
-        return index < all.size() ? std::optional(index) : std::nullopt;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (CLI::detail::to_lower(std::string(all[i].name)) == CLI::detail::to_lower(text))
-            return i;
-    }
-    return std::nullopt;
-}
-
-const CLI::Validator kTuning(
-    [](std::string& text) {
-        if (tuningIndex(text))
-            return std::string();
-        std::string list = "\"" + text + "\" is not a tuning; give its number or its name:";
-        const auto& all = tunings::catalogue();
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            list += "\n  " + std::to_string(i) + (i < 10 ? "   " : "  ") +
-                    std::string(all[i].name) + "  " + std::string(all[i].notes);
-        }
-        return list;
-    },
-    "N|NAME");
-
-struct Tuned {
-    std::string name;
-    std::string notes;
-};
-
-Tuned setTuning(ChordLibrary& library, std::size_t index) {
-    const auto& tuning = tunings::catalogue()[index];
-    const auto tokens = tunings::tokens(tuning.notes);
-    library.setTuning(tokens);
-    library.setExpandedTuning(tokens);
-    std::string notes;
-    for (const auto& token : tokens)
-        notes += (notes.empty() ? "" : " ") + token;
-    return {std::string(tuning.name), notes};
-}
-
-// Root and type key of a chord name the validator accepted.
-std::pair<std::string, std::string> split(const std::string& text) {
-    const std::string name = *chordName(text);
-    const std::size_t rootLength = name.size() > 1 && name[1] == '#' ? 2 : 1;
-    return {name.substr(0, rootLength), name.substr(rootLength)};
-}
-
 }  // namespace
 
 ChordsCommand::ChordsCommand(CLI::App& parent)
@@ -122,9 +33,9 @@ ChordsCommand::ChordsCommand(CLI::App& parent)
     auto& app = command();
     app.description(kDescription);
     app.add_option("NAME", name_, "the chord: a root and a type, such as C, C#m7, Bbmaj9, Dsus4")
-        ->check(kChord);
+        ->check(chordValidator());
     app.add_option("--tuning", tuning_, "the tuning, by number (0 to 52) or name")
-        ->check(kTuning)
+        ->check(tuningValidator())
         ->capture_default_str();
     app.add_option("--limit", limit_, "show only the first K fingerings")
         ->check(CLI::Range(1, VariationSet::kCapacity))
@@ -137,7 +48,7 @@ ChordsCommand::ChordsCommand(CLI::App& parent)
                  "walk every root and type in every tuning (or in the one --tuning names) and "
                  "count the fingerings");
     app.add_option("--play", play_, "strum this chord into the file --out names")
-        ->check(kChord)
+        ->check(chordValidator())
         ->type_name("NAME");
     app.add_option("--variation", variation_, "with --play: which fingering, 1 the first shown")
         ->check(CLI::Range(1, VariationSet::kCapacity))
@@ -166,8 +77,8 @@ int ChordsCommand::run(std::ostream& out, std::ostream& err) {
 
 int ChordsCommand::printChord(std::ostream& out) const {
     ChordLibrary library;
-    const Tuned tuning = setTuning(library, *tuningIndex(tuning_));
-    const auto [root, type] = split(name_);
+    const TuningChoice tuning = useTuning(library, *tuningIndex(tuning_));
+    const auto [root, type] = splitChord(name_);
     const std::string chord = root + type;
     const auto found = std::make_unique<VariationSet>();
     VariationSet& set = *found;
@@ -228,7 +139,7 @@ int ChordsCommand::walkAll(std::ostream& out) const {
     auto none = nlohmann::json::array();
     const auto started = std::chrono::steady_clock::now();
     for (std::size_t index : chosen) {
-        const Tuned tuning = setTuning(library, index);
+        const TuningChoice tuning = useTuning(library, index);
         for (auto root : chords::names()) {
             for (auto type : chords::typeKeys()) {
                 library.getVariations(root, type, set);
@@ -266,8 +177,8 @@ int ChordsCommand::walkAll(std::ostream& out) const {
 
 int ChordsCommand::play(std::ostream& out, std::ostream& err) const {
     ChordLibrary library;
-    const Tuned tuning = setTuning(library, *tuningIndex(tuning_));
-    const auto [root, type] = split(play_);
+    const TuningChoice tuning = useTuning(library, *tuningIndex(tuning_));
+    const auto [root, type] = splitChord(play_);
     const std::string chord = root + type;
     const auto found = std::make_unique<VariationSet>();
     VariationSet& set = *found;
