@@ -23,8 +23,8 @@ void walk(benchmark::State& state, bool sorted) {
     std::vector<std::vector<std::string>> tunings;
     for (const auto& tuning : zt::tunings::catalogue())
         tunings.push_back(zt::tunings::tokens(tuning.notes));
-    const std::size_t pairs = tunings.size() * zt::chords::names().size() *
-                              zt::chords::typeKeys().size();
+    const std::size_t pairs =
+        tunings.size() * zt::chords::names().size() * zt::chords::typeKeys().size();
     std::vector<double> fastest(pairs, 1e9);
 
     long shapes = 0;
