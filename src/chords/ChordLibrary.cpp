@@ -23,7 +23,7 @@ bool isNinth(int type) {
     return false;
 }
 
-// A shape with the bass at this fret or above is not offered.
+// Shapes whose lowest fret lies above this one are not offered.
 constexpr int kHighestLowestFret = 11;
 
 // Frets first to last as bits.
@@ -45,7 +45,8 @@ std::uint16_t bit(int pitchClass) {
     return static_cast<std::uint16_t>(1u << pitchClass);
 }
 
-std::vector<std::string> reversedNames(const std::vector<std::string>& tokens) {
+// Tokens come lowest string first; the tables are kept highest first.
+std::vector<std::string> highestStringFirst(const std::vector<std::string>& tokens) {
     return {tokens.rbegin(), tokens.rend()};
 }
 
@@ -63,7 +64,7 @@ bool ChordLibrary::setTuning(const std::vector<std::string>& tokens) {
     if (tokens.size() != kStringCount)
         return false;
     std::array<std::array<std::int8_t, kFrets>, kStringCount> table{};
-    const auto highestFirst = reversedNames(tokens);
+    const auto highestFirst = highestStringFirst(tokens);
     for (int s = 0; s < kStringCount; ++s) {
         const auto& token = highestFirst[s];
         const auto open = chords::tokenNumber(token);
@@ -80,7 +81,7 @@ bool ChordLibrary::setExpandedTuning(const std::vector<std::string>& tokens) {
     if (tokens.size() != kStringCount)
         return false;
     std::array<OpenString, kStringCount> expanded;
-    const auto highestFirst = reversedNames(tokens);
+    const auto highestFirst = highestStringFirst(tokens);
     for (int s = 0; s < kStringCount; ++s) {
         const auto& token = highestFirst[s];
         const auto index = chords::tokenNumber(token);

@@ -35,11 +35,11 @@ bool ChordPlayer::ensureStream() {
 }
 
 void ChordPlayer::playChord(const StringNotes& notes, double delaySeconds) {
-    if (!ensureStream())
-        return;
     const int rate = engine_.sampleRate();
     const auto delay = static_cast<std::int64_t>(std::llround(std::max(delaySeconds, 0.0) * rate));
-    engine_.play(wholeChord(notes, rate, delay));
+    const StrumSchedule schedule = wholeChord(notes, rate, delay);
+    if (schedule.count > 0 && ensureStream())
+        engine_.play(schedule);
 }
 
 void ChordPlayer::playString(const StringNotes& notes, int stringNumber) {

@@ -7,7 +7,8 @@
 //
 // Every call returns at once: a whole chord is one command, and its strings
 // then start 60 ms apart on the stream clock, not on a timer of the caller.
-// Without an output device the player logs once and stays silent.
+// Calls come from one thread (the screen's). Without an output device the
+// player logs once and stays silent.
 
 #include <cstdint>
 
@@ -26,7 +27,8 @@ public:
     ChordPlayer& operator=(const ChordPlayer&) = delete;
 
     // The whole chord: its playable strings from the lowest, 60 ms apart,
-    // the first after `delaySeconds`.
+    // the first after `delaySeconds`; nothing when no string can be played
+    // (a chord without a fingering).
     void playChord(const StringNotes& notes, double delaySeconds = 0.0);
     // One string at once, as a finger crosses it; nothing when it is muted.
     void playString(const StringNotes& notes, int stringNumber);

@@ -1,5 +1,5 @@
-// The chords proxy as the chords screen will use it: picker lists, tuning
-// changes as the common settings send them, and shapes in display order.
+// The chords proxy as the chords screen will use it: picker lists, and
+// tuning changes as the common settings send them.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -68,16 +68,6 @@ TEST_F(ChordsProxyTest, TuningChangesReachTheGeneratorAndBadOnesAreRefused) {
     const auto set = std::make_unique<VariationSet>();
     proxy->variationsInDisplayOrder("D", "", *set);
     EXPECT_EQ(fretsOf(set->records[0]), "0 0 0 2 3 2");
-}
-
-TEST_F(ChordsProxyTest, ShapesComeInDisplayOrder) {
-    const auto set = std::make_unique<VariationSet>();
-    proxy->variationsInDisplayOrder("C", "", *set);
-    EXPECT_EQ(fretsOf(set->records[0]), "x 3 2 0 1 0");
-    for (int g = 0; g < set->groupCount; ++g) {
-        const auto group = set->group(g);
-        EXPECT_TRUE(std::is_sorted(group.begin(), group.end(), showsBefore)) << g;
-    }
 }
 
 }  // namespace

@@ -56,6 +56,8 @@ TEST(ChordPlayerLive, AWholeChordSoundsItsStringsSixtyMillisecondsApartLowestFir
     ASSERT_TRUE(recorder.waitLoaded());
     {
         ChordPlayer player(recorder.engine());
+        player.playChord(StringNotes{});
+        EXPECT_FALSE(player.isStreaming()) << "a chord without strings starts nothing";
         player.playChord(notesOf("Standard", "A", "m", "x 0 2 2 1 0"));
         std::this_thread::sleep_for(600ms);
         player.releaseStreamWhenSilent();

@@ -170,7 +170,7 @@ TEST(StrumEngine, NotesSoundTheirIndexAboveTheRecording) {
     std::vector<float> sine(2 * kRate);
     for (std::size_t i = 0; i < sine.size(); ++i)
         sine[i] = 0.5f * float(std::sin(2 * std::numbers::pi * kRecorded * double(i) / kRate));
-    for (int index : {0, 12, -12, 7, -2, 5}) {
+    for (int index : {12, -2, 7}) {
         StrumEngine::Recordings recordings;
         recordings[4] = sine;
         StrumEngine engine(kRate, recordings);
