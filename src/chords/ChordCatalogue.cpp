@@ -57,9 +57,9 @@ const std::array<std::string_view, kPitchClasses>& names() {
     return kNames;
 }
 
-const std::array<std::string, kPitchClasses * kOctaveCount>& tokens() {
+const std::array<std::string, kTokenCount>& tokens() {
     static const auto table = [] {
-        std::array<std::string, kPitchClasses * kOctaveCount> t;
+        std::array<std::string, kTokenCount> t;
         for (int octave = 0; octave < kOctaveCount; ++octave) {
             for (int pc = 0; pc < kPitchClasses; ++pc)
                 t[octave * kPitchClasses + pc] = std::string(kNames[pc]) + std::to_string(octave);

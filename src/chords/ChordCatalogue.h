@@ -19,6 +19,7 @@ namespace zt::chords {
 
 inline constexpr int kPitchClasses = 12;
 inline constexpr int kOctaveCount = 10;
+inline constexpr int kTokenCount = kPitchClasses * kOctaveCount;
 inline constexpr int kTypeCount = 24;
 // The richest formula (the ninths) has five tones.
 inline constexpr int kMaxTones = 5;
@@ -26,7 +27,7 @@ inline constexpr int kMaxTones = 5;
 // "C", "C#", ... "B".
 const std::array<std::string_view, kPitchClasses>& names();
 // "C0", "C#0", ... "B9": octave by octave, each in the order of names().
-const std::array<std::string, kPitchClasses * kOctaveCount>& tokens();
+const std::array<std::string, kTokenCount>& tokens();
 // Absolute number of a token ("E2" -> 28); nullopt for anything else.
 std::optional<int> tokenNumber(std::string_view token);
 // Pitch class of a name ("C#" -> 1); nullopt for anything else.

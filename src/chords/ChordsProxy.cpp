@@ -30,7 +30,7 @@ bool ChordsProxy::updateTuning(const std::string& tuning) {
     return true;
 }
 
-const std::array<std::string, 120>& ChordsProxy::getOctaves() const {
+const std::array<std::string, chords::kTokenCount>& ChordsProxy::getOctaves() const {
     return chords::tokens();
 }
 

@@ -40,7 +40,7 @@ public:
         return chordLibrary_.tuningDictionary();
     }
     // The 120 note tokens, "C0" to "B9".
-    const std::array<std::string, 120>& getOctaves() const;
+    const std::array<std::string, chords::kTokenCount>& getOctaves() const;
     ChordLibrary& chordLibrary() { return chordLibrary_; }
 
     // Every fingering of root ("C#") and type key ("m7") in the current

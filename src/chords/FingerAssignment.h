@@ -26,8 +26,9 @@ struct FingerAssignment {
 };
 
 // frets by position from the bass, `played` of them sounding (frets 0 to 24;
-// the rest are ignored); lowestFretted: their lowest non-zero fret (20 when
-// all are open). fingers[0] is -1 when more than four fingers are needed.
+// the rest are ignored); lowestFretted: their lowest non-zero fret
+// (kNoFrettedString when all are open). fingers[0] is -1 when more than four
+// fingers are needed.
 FingerAssignment assignFingers(const std::array<std::int32_t, kStringCount>& frets, int played,
                                int lowestFretted);
 
