@@ -50,8 +50,9 @@ TEST(StringNotes, EveryStringPlaysItsRecordingAtTheShapesRealPitch) {
         for (int n = 6; n >= 1; --n) {
             const int want = row.indexes[static_cast<std::size_t>(6 - n)];
             EXPECT_EQ(notes.canPlay[n - 1], want != 99) << "string " << n;
-            if (want != 99)
+            if (want != 99) {
                 EXPECT_EQ(notes.indexesOfNotes[n - 1], want) << "string " << n;
+            }
         }
     }
 }

@@ -134,11 +134,13 @@ TEST(GeneratorWalk, EveryChordInEveryTuningGivesSoundShapesInOrder) {
                     ASSERT_TRUE(g == 0 || !group.empty()) << name;
                     for (std::size_t i = 0; i < group.size(); ++i) {
                         EXPECT_EQ(group[i].bassNote, group[0].bassNote) << name;
-                        if (i > 0)
+                        if (i > 0) {
                             EXPECT_FALSE(showsBefore(group[i], group[i - 1])) << name << " " << i;
+                        }
                     }
-                    if (g > 0)
+                    if (g > 0) {
                         EXPECT_NE(group[0].bassNote, set->group(g - 1)[0].bassNote) << name;
+                    }
                 }
                 if (set->count > 0 && set->records[0].bassNote != -1) {
                     for (const auto& v : set->variations())
