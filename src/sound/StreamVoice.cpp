@@ -86,11 +86,12 @@ void StreamVoice::run() {
         stopLock.unlock();
         {
             auto alLock = al_.lock();
-            for (;;) {
-                ALint processed = 0;
-                alGetSourcei(source_, AL_BUFFERS_PROCESSED, &processed);
-                if (processed <= 0)
-                    break;
+            // Refill what has been played, counted once: a source stopped by
+            // an underrun counts every queued buffer as played, even one
+            // queued again just now, so asking again would never end.
+            ALint processed = 0;
+            alGetSourcei(source_, AL_BUFFERS_PROCESSED, &processed);
+            for (ALint i = 0; i < processed; ++i) {
                 ALuint buffer = 0;
                 alSourceUnqueueBuffers(source_, 1, &buffer);
                 retired_ += kBlockFrames;

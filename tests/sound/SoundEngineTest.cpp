@@ -199,6 +199,28 @@ TEST(SoundEngineStream, PlaysTheRendererWithoutGaps) {
     }
 }
 
+// A renderer that stalls once for longer than the stream's queue lasts.
+struct StallingRenderer : SineRenderer {
+    void render(float* out, int frames, std::int64_t firstFrame) override {
+        if (++calls == 40)
+            std::this_thread::sleep_for(300ms);
+        SineRenderer::render(out, frames, firstFrame);
+    }
+    int calls = 0;
+};
+
+TEST(SoundEngineStream, AnUnderrunIsSurvived) {
+    WaveRecorder recorder;
+    StallingRenderer renderer;
+    ASSERT_TRUE(recorder.engine().startStream(&renderer));
+    std::this_thread::sleep_for(900ms);
+    const std::int64_t heard = recorder.engine().streamPosition(&renderer);
+    recorder.engine().stopStream(&renderer);
+    EXPECT_GT(renderer.calls, 40 + 44100 / 10 / 256) << "the stream did not go on after the stall";
+    EXPECT_GT(heard, 44100 / 2);
+    EXPECT_EQ(renderer.clockBreaks, 0);
+}
+
 TEST(SoundEngineStream, RenderersStreamTogetherAndStopApart) {
     WaveRecorder recorder;
     SineRenderer high(1000.0, 0.25f), low(600.0, 0.25f);
