@@ -4,6 +4,7 @@
 #include "app/Screens.h"
 #include "app/Tools.h"
 #include "app/ToolsMediator.h"
+#include "chords/ChordsProxy.h"
 #include "framework/Facade.h"
 #include "metronome/MetronomeProxy.h"
 #include "sound/MediaProxy.h"
@@ -20,6 +21,7 @@ void StartupCommand::execute(const Notification& notification) {
 
     f.registerProxy(makeProxy<ApplicationProxy>());
     f.registerProxy(makeProxy<StateProxy>());
+    f.registerProxy(makeProxy<ChordsProxy>());
     f.registerProxy(makeProxy<SettingsProxy>());
     auto mainFrequerncy = makeProxy<MainFrequerncyProxy>();
     f.registerProxy(mainFrequerncy);

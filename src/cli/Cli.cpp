@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "cli/AnalyzeCommand.h"
+#include "cli/ChordsCommand.h"
 #include "cli/CliCommand.h"
 #include "cli/MetronomeCommand.h"
 
@@ -45,6 +46,7 @@ int runCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     std::vector<std::unique_ptr<CliCommand>> commands;
     commands.push_back(std::make_unique<MetronomeCommand>(app));
     commands.push_back(std::make_unique<AnalyzeCommand>(app));
+    commands.push_back(std::make_unique<ChordsCommand>(app));
 
     // CLI11 takes the arguments last first.
     std::vector<std::string> reversed(args.rbegin(), args.rend());

@@ -8,9 +8,9 @@
 #include "metronome/ClickSet.h"
 #include "metronome/ClickSounds.h"
 #include "metronome/MetronomeEngine.h"
-#include "metronome/OfflineRender.h"
 #include "metronome/SubdivisionPattern.h"
 #include "metronome/TempoRules.h"
+#include "sound/OfflineRender.h"
 #include "sound/SoundEngine.h"
 
 namespace zt::cli {
@@ -107,7 +107,7 @@ int MetronomeCommand::run(std::ostream& out, std::ostream& err) {
     MetronomeEngine engine(rate, clicks.bank());
     engine.start(job_.setup);
     const auto frames = static_cast<std::int64_t>(std::llround(job_.seconds * rate));
-    if (!renderToWav(engine, frames, job_.out, error)) {
+    if (!renderToWav(engine, rate, frames, job_.out, error)) {
         err << "zebtools-cli metronome: " << error << "\n";
         return kExitFailure;
     }

@@ -28,10 +28,11 @@
 #include "metronome/ClickMixer.h"
 #include "metronome/MetronomeOutput.h"
 #include "metronome/TickLogic.h"
+#include "sound/StreamRenderer.h"
 
 namespace zt {
 
-class MetronomeEngine : public MetronomeOutput {
+class MetronomeEngine : public MetronomeOutput, public StreamRenderer {
 public:
     // A beat click as rendered: its frame on the stream clock and whether it
     // was the accent. Rendering runs ahead of what is heard by the stream's
@@ -62,7 +63,7 @@ public:
     // Render thread: fills out[0..frames) with mono samples; firstFrame is the
     // stream clock of out[0]. Should the clock jump (a stream restarted), a
     // running bar carries on from where the last block ended.
-    void render(float* out, int frames, std::int64_t firstFrame);
+    void render(float* out, int frames, std::int64_t firstFrame) override;
 
     // Control thread: the oldest rendered beat not yet taken. Beats are kept
     // only while there is room, so take them regularly while a run plays.

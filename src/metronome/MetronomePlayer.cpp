@@ -9,7 +9,7 @@ MetronomePlayer::MetronomePlayer(SoundEngine& sound)
 
 MetronomePlayer::~MetronomePlayer() {
     if (streaming_)
-        sound_.stopStream();
+        sound_.stopStream(this);
 }
 
 bool MetronomePlayer::ensureStream() {
@@ -63,7 +63,7 @@ std::optional<HeardBeat> MetronomePlayer::takeHeardBeat() {
         return std::nullopt;
     // A beat heard more than this long ago is stale news for a beat light.
     const std::int64_t staleFrames = sound_.streamSampleRate() / 10;
-    const std::int64_t heard = sound_.streamPosition();
+    const std::int64_t heard = sound_.streamPosition(this);
     std::optional<HeardBeat> latest;
     while (true) {
         if (!nextBeat_)
@@ -83,9 +83,9 @@ bool MetronomePlayer::releaseWhenSilent() {
     if (playing_ || !engine_.isSilent())
         return false;
     // What was rendered before the silence is still on its way to the speaker.
-    if (sound_.streamPosition() < engine_.silentFrom())
+    if (sound_.streamPosition(this) < engine_.silentFrom())
         return false;
-    sound_.stopStream();
+    sound_.stopStream(this);
     streaming_ = false;
     return true;
 }

@@ -8,11 +8,10 @@
 namespace zt {
 
 double SoundBank::openStringFrequency(int string) {
-    // Semitones from A4 of E4, B3, G3, D3, A2 and E2.
-    static constexpr std::array<int, kStringCount> kFromA4{-5, -10, -14, -19, -24, -29};
+    constexpr int kA4 = 57;
     if (string < 0 || string >= kStringCount)
         return 0.0;
-    return 440.0 * std::exp2(kFromA4[static_cast<size_t>(string)] / 12.0);
+    return 440.0 * std::exp2((openStringNote(string) - kA4) / 12.0);
 }
 
 std::string_view SoundBank::fileName(int id) {

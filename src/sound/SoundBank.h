@@ -49,6 +49,12 @@ public:
         return kFirstClickId + 3 * (pack - 1) + static_cast<int>(click);
     }
 
+    // Absolute note number (C0 = 0, A4 = 57) of an open string of standard
+    // tuning, as recorded: string 0 (E4, 52) to 5 (E2, 28); 0 for any other.
+    static constexpr int openStringNote(int string) {
+        constexpr std::array<int, kStringCount> kNotes{52, 47, 43, 38, 33, 28};
+        return string >= 0 && string < kStringCount ? kNotes[static_cast<size_t>(string)] : 0;
+    }
     // Equal-tempered frequency in hertz (A4 = 440 Hz) of an open string of
     // standard tuning; string 0 to 5 as above, 0 for any other.
     static double openStringFrequency(int string);

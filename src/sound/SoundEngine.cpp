@@ -17,7 +17,10 @@ static_assert(std::is_same_v<ALuint, unsigned int>);
 SoundEngine::SoundEngine() : al_(std::make_unique<AlContext>(kSampleRate)) {}
 
 SoundEngine::~SoundEngine() {
-    stopStream();
+    {
+        std::lock_guard guard(streamMutex_);
+        streams_.clear();
+    }
     {
         std::lock_guard guard(loadMutex_);
         quitting_ = true;
@@ -215,21 +218,23 @@ bool SoundEngine::startStream(StreamRenderer* renderer) {
     if (!al_->valid() || !renderer)
         return false;
     std::lock_guard guard(streamMutex_);
-    stream_.reset();
-    stream_ = std::make_unique<StreamVoice>(*al_, *renderer, kSampleRate);
-    if (!stream_->valid())
-        stream_.reset();
-    return stream_ != nullptr;
+    streams_.erase(renderer);
+    auto voice = std::make_unique<StreamVoice>(*al_, *renderer, kSampleRate);
+    if (!voice->valid())
+        return false;
+    streams_.emplace(renderer, std::move(voice));
+    return true;
 }
 
-void SoundEngine::stopStream() {
+void SoundEngine::stopStream(const StreamRenderer* renderer) {
     std::lock_guard guard(streamMutex_);
-    stream_.reset();
+    streams_.erase(renderer);
 }
 
-std::int64_t SoundEngine::streamPosition() const {
+std::int64_t SoundEngine::streamPosition(const StreamRenderer* renderer) const {
     std::lock_guard guard(streamMutex_);
-    return stream_ ? stream_->position() : 0;
+    const auto stream = streams_.find(renderer);
+    return stream == streams_.end() ? 0 : stream->second->position();
 }
 
 const std::vector<float>* SoundEngine::decodedSamples(int soundId) const {

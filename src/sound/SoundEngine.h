@@ -1,8 +1,9 @@
 #pragma once
 // The shared sound-effects engine over OpenAL: numbered buffers filled from
 // sound files, numbered groups of sources that play them with pitch, pan,
-// gain and looping, loading in the background with a progress value, and one
-// streaming voice for sounds computed on the fly (the metronome).
+// gain and looping, loading in the background with a progress value, and
+// streaming voices for sounds computed on the fly (the metronome, the chords'
+// strings), one per renderer, all sounding together.
 //
 // Every operation may be called from any thread. Without an output device
 // the engine logs one line and every operation does nothing: loading reports
@@ -69,15 +70,17 @@ public:
     // for an id without a buffer.
     void unloadBuffer(int soundId);
 
-    // Starts the streaming voice with `renderer` (which must outlive the
-    // stream), replacing a running one. False without a device.
+    // Starts a streaming voice for `renderer` (which must outlive it); a
+    // renderer already streaming starts again from frame 0. False without a
+    // device.
     bool startStream(StreamRenderer* renderer);
-    // Waits for the stream thread to finish its block; never call it (or
-    // startStream) from inside the renderer.
-    void stopStream();
+    // Stops the renderer's voice, waiting for its thread to finish its block;
+    // nothing when it does not stream. Never call it (or startStream) from
+    // inside a renderer.
+    void stopStream(const StreamRenderer* renderer);
     int streamSampleRate() const { return kSampleRate; }
-    // Stream frame being heard now; 0 when no stream runs.
-    std::int64_t streamPosition() const;
+    // Frame of the renderer's stream being heard now; 0 when it does not stream.
+    std::int64_t streamPosition(const StreamRenderer* renderer) const;
 
     // The loaded sound's samples, mono at streamSampleRate(); nullptr when the
     // id has no buffer. Valid until that id is unloaded or loaded again.
@@ -116,7 +119,7 @@ private:
     std::thread loader_;
 
     mutable std::mutex streamMutex_;
-    std::unique_ptr<StreamVoice> stream_;
+    std::map<const StreamRenderer*, std::unique_ptr<StreamVoice>> streams_;
 };
 
 }  // namespace zt

@@ -1,5 +1,5 @@
 #pragma once
-// Source of the engine's streaming voice (SoundEngine::startStream).
+// Source of one of the engine's streaming voices (SoundEngine::startStream).
 
 #include <cstdint>
 

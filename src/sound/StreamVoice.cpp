@@ -86,12 +86,12 @@ void StreamVoice::run() {
         stopLock.unlock();
         {
             auto alLock = al_.lock();
-            // Counted once: on a source stopped by an underrun every queued
-            // buffer reads as processed, the refilled ones too, so asking
-            // again after each refill would never end.
+            // Refill what has been played, counted once: a source stopped by
+            // an underrun counts every queued buffer as played, even one
+            // queued again just now, so asking again would never end.
             ALint processed = 0;
             alGetSourcei(source_, AL_BUFFERS_PROCESSED, &processed);
-            for (; processed > 0; --processed) {
+            for (ALint i = 0; i < processed; ++i) {
                 ALuint buffer = 0;
                 alSourceUnqueueBuffers(source_, 1, &buffer);
                 retired_ += kBlockFrames;

@@ -1,5 +1,5 @@
 #pragma once
-// The engine's streaming voice: one OpenAL source fed from a ring of small
+// One of the engine's streaming voices: an OpenAL source fed from a ring of small
 // queued buffers by a thread that asks a StreamRenderer for each block. The
 // ring holds at least two mixer periods so that the mixer never drains it
 // between two refills. Everything is allocated before the thread starts.

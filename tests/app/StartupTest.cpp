@@ -51,7 +51,7 @@ TEST_F(StartupTest, RegistersInOrderAndLiftsTheCoverOnceSoundsLoad) {
     Probe probe;
     auto registered = [&facade] {
         std::string s;
-        for (const char* p : {"ApplicationProxy", "StateProxy", "SettingsProxy",
+        for (const char* p : {"ApplicationProxy", "StateProxy", "ChordsProxy", "SettingsProxy",
                               "MainFrequerncyProxy", "MediaProxy", "MetronomeProxy"}) {
             s += facade.hasProxy(p) ? std::string(" ") + p : "";
         }
@@ -75,12 +75,16 @@ TEST_F(StartupTest, RegistersInOrderAndLiftsTheCoverOnceSoundsLoad) {
     EXPECT_EQ(probe.seen,
               (std::vector<std::string>{
                   "ShowContest",
-                  "GetChromaticTunerSavedData ApplicationProxy StateProxy SettingsProxy "
-                  "MainFrequerncyProxy",
-                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy "
+                  "GetChromaticTunerSavedData ApplicationProxy StateProxy ChordsProxy "
+                  "SettingsProxy MainFrequerncyProxy",
+                  "ActiveTabIndexReady ApplicationProxy StateProxy ChordsProxy SettingsProxy "
                   "MainFrequerncyProxy MediaProxy MetronomeProxy tuning=27",
-                  "ActiveTabIndexReady ApplicationProxy StateProxy SettingsProxy "
+                  "ActiveTabIndexReady ApplicationProxy StateProxy ChordsProxy SettingsProxy "
                   "MainFrequerncyProxy MediaProxy MetronomeProxy ToolsMediator tuning=27"}));
+    for (const char* m :
+         {"MetronomeMediator", "MetronomeSettingsMediator", "CommonSettingsMediator"}) {
+        EXPECT_TRUE(facade.hasMediator(m)) << m;
+    }
     EXPECT_TRUE(std::filesystem::exists(dataDir_ / "presetsList.plist"));
     EXPECT_TRUE(tools.tabBarReady());
 

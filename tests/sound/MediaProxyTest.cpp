@@ -77,8 +77,8 @@ TEST_F(MediaProxyTest, EngineWithoutDeviceLogsOnceAndDoesNothing) {
     EXPECT_EQ(engine_->decodedSamples(51), nullptr);
     SilentRenderer renderer;
     EXPECT_FALSE(engine_->startStream(&renderer));
-    EXPECT_EQ(engine_->streamPosition(), 0);
-    engine_->stopStream();
+    EXPECT_EQ(engine_->streamPosition(&renderer), 0);
+    engine_->stopStream(&renderer);
     EXPECT_EQ(renderer.calls, 0);
     EXPECT_EQ(lines_.size(), 1u);
 }

@@ -1,5 +1,5 @@
 // What the engine actually plays: group cutting, overlap, looping, stopping
-// and unloading; loading past unreadable files; the streaming voice; and the
+// and unloading; loading past unreadable files; the streaming voices; and the
 // shipped strings played through MediaProxy at equal-tempered pitch (the
 // metronome-only build has no strings to play).
 #include <gtest/gtest.h>
@@ -47,14 +47,18 @@ void PrintTo(const GroupRow& row, std::ostream* os) {
 class SoundEngineGroups : public ::testing::TestWithParam<GroupRow> {};
 
 struct SineRenderer : StreamRenderer {
+    explicit SineRenderer(double hertz = 1000.0, float amplitude = 0.5f)
+        : hertz(hertz), amplitude(amplitude) {}
     void render(float* out, int frames, std::int64_t firstFrame) override {
         if (firstFrame != next)
             ++clockBreaks;
         for (int i = 0; i < frames; ++i) {
-            out[i] = 0.5f * std::sin(2 * std::numbers::pi * 1000.0 * (firstFrame + i) / 44100);
+            out[i] = amplitude * std::sin(2 * std::numbers::pi * hertz * (firstFrame + i) / 44100);
         }
         next = firstFrame + frames;
     }
+    double hertz;
+    float amplitude;
     std::int64_t next = 0;
     std::atomic<int> clockBreaks{0};
 };
@@ -180,11 +184,11 @@ TEST(SoundEngineStream, PlaysTheRendererWithoutGaps) {
     SineRenderer renderer;
     ASSERT_TRUE(recorder.engine().startStream(&renderer));
     std::this_thread::sleep_for(300ms);
-    const std::int64_t heard = recorder.engine().streamPosition();
+    const std::int64_t heard = recorder.engine().streamPosition(&renderer);
     EXPECT_GT(heard, 44100 / 10);
     EXPECT_LE(heard, renderer.next);
     std::this_thread::sleep_for(200ms);
-    recorder.engine().stopStream();
+    recorder.engine().stopStream(&renderer);
     EXPECT_EQ(renderer.clockBreaks, 0);
     const Recording played = recorder.finish();
 
@@ -213,9 +217,9 @@ TEST(SoundEngineStream, RecoversFromAnUnderrun) {
     StallingRenderer renderer;
     ASSERT_TRUE(recorder.engine().startStream(&renderer));
     std::this_thread::sleep_for(600ms);
-    const std::int64_t before = recorder.engine().streamPosition();
+    const std::int64_t before = recorder.engine().streamPosition(&renderer);
     std::this_thread::sleep_for(300ms);
-    const std::int64_t advanced = recorder.engine().streamPosition() - before;
+    const std::int64_t advanced = recorder.engine().streamPosition(&renderer) - before;
     EXPECT_GT(advanced, 44100 / 5) << "the stream did not resume";
     EXPECT_LT(advanced, 44100 / 2) << "the stream clock ran ahead of the sound";
 
@@ -228,9 +232,32 @@ TEST(SoundEngineStream, RecoversFromAnUnderrun) {
             std::_Exit(1);
         }
     });
-    recorder.engine().stopStream();
+    recorder.engine().stopStream(&renderer);
     stopped = true;
     watchdog.join();
+}
+
+TEST(SoundEngineStream, RenderersStreamTogetherAndStopApart) {
+    WaveRecorder recorder;
+    SineRenderer high(1000.0, 0.25f), low(600.0, 0.25f);
+    ASSERT_TRUE(recorder.engine().startStream(&high));
+    ASSERT_TRUE(recorder.engine().startStream(&low));
+    std::this_thread::sleep_for(400ms);
+    recorder.engine().stopStream(&high);
+    EXPECT_EQ(recorder.engine().streamPosition(&high), 0);
+    EXPECT_GT(recorder.engine().streamPosition(&low), 0);
+    std::this_thread::sleep_for(400ms);
+    recorder.engine().stopStream(&low);
+    const Recording played = recorder.finish();
+
+    const size_t start = onset(played.samples, 0.05f);
+    const auto both = played.window(start, 0.05, 0.30);
+    const auto lowOnly = played.window(start, 0.55, 0.75);
+    ASSERT_GT(lowOnly.size(), 44100u / 10) << "the second stream stopped with the first";
+    EXPECT_GT(toneAmplitude(both, played.rate, 1000), 0.2);
+    EXPECT_GT(toneAmplitude(both, played.rate, 600), 0.2);
+    EXPECT_LT(toneAmplitude(lowOnly, played.rate, 1000), 0.01);
+    EXPECT_GT(toneAmplitude(lowOnly, played.rate, 600), 0.2);
 }
 
 TEST_P(MediaProxyNotes, StringSoundsAtItsFretsPitch) {

@@ -1,4 +1,4 @@
-#include "metronome/OfflineRender.h"
+#include "sound/OfflineRender.h"
 
 #include <sndfile.h>
 
@@ -6,11 +6,13 @@
 #include <array>
 #include <memory>
 
+#include "sound/StreamVoice.h"
+
 namespace zt {
 
 namespace {
 
-constexpr int kBlockFrames = 256;
+constexpr int kBlockFrames = StreamVoice::kBlockFrames;
 
 struct SndfileCloser {
     void operator()(SNDFILE* file) const { sf_close(file); }
@@ -18,10 +20,10 @@ struct SndfileCloser {
 
 }  // namespace
 
-bool renderToWav(MetronomeEngine& engine, std::int64_t frames, const std::filesystem::path& path,
-                 std::string& error) {
+bool renderToWav(StreamRenderer& renderer, int sampleRate, std::int64_t frames,
+                 const std::filesystem::path& path, std::string& error) {
     SF_INFO info{};
-    info.samplerate = engine.sampleRate();
+    info.samplerate = sampleRate;
     info.channels = 1;
     info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
     std::unique_ptr<SNDFILE, SndfileCloser> file(sf_open(path.c_str(), SFM_WRITE, &info));
@@ -34,7 +36,7 @@ bool renderToWav(MetronomeEngine& engine, std::int64_t frames, const std::filesy
     std::array<float, kBlockFrames> block{};
     for (std::int64_t done = 0; done < frames;) {
         const int n = static_cast<int>(std::min<std::int64_t>(kBlockFrames, frames - done));
-        engine.render(block.data(), n, done);
+        renderer.render(block.data(), n, done);
         if (sf_writef_float(file.get(), block.data(), n) != n) {
             error = "cannot write " + path.string() + ": " + sf_strerror(file.get());
             return false;

@@ -1,0 +1,37 @@
+#include "chords/ChordShape.h"
+
+#include "chords/ChordCatalogue.h"
+
+namespace zt {
+
+ChordShape shapeOf(const ChordVariation& v) {
+    ChordShape shape;
+    for (int p = 0; p < v.playedStrings(); ++p) {
+        auto& s = shape.strings[static_cast<std::size_t>(v.firstString - p - 1)];
+        s.fret = v.frets[p];
+        s.finger = fingercode::number(v.fingers[p]);
+        s.pitch = v.pitches[p];
+    }
+    shape.barreCount = v.barres.count;
+    for (int b = 0; b < v.barres.count; ++b) {
+        shape.barres[b] = {v.barres.fret[b], v.barres.finger[b], v.firstString - v.barres.first[b],
+                           v.firstString - v.barres.last[b]};
+    }
+    shape.bassPitch = v.pitches[0];
+    shape.position = v.lowestFrettedFret == kNoFrettedString ? 0 : v.lowestFrettedFret;
+    return shape;
+}
+
+std::string_view noteName(int note) {
+    return chords::names()[static_cast<std::size_t>(
+        ((note % chords::kPitchClasses) + chords::kPitchClasses) % chords::kPitchClasses)];
+}
+
+std::string_view bassName(const VariationSet& set, int group, std::string_view root) {
+    if (group < 0 || group >= set.groupCount || set.groupStart[group] >= set.count)
+        return {};
+    const int bass = set.records[static_cast<std::size_t>(set.groupStart[group])].bassNote;
+    return bass < 0 ? root : noteName(bass);
+}
+
+}  // namespace zt

@@ -1,0 +1,97 @@
+#include "cli/ChordArguments.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+
+#include "chords/ChordCatalogue.h"
+#include "tuners/TuningCatalogue.h"
+
+namespace zt::cli {
+
+std::optional<std::string> chordName(const std::string& text) {
+    std::string name = text;
+    if (name.size() >= 2 && name[1] == 'b') {
+        const auto letter = chords::pitchClass(name.substr(0, 1));
+        if (!letter)
+            return std::nullopt;
+        const int below = (*letter + chords::kPitchClasses - 1) % chords::kPitchClasses;
+        name = std::string(chords::names()[static_cast<std::size_t>(below)]) + name.substr(2);
+    }
+    if (!chords::parseChord(name))
+        return std::nullopt;
+    return name;
+}
+
+namespace {
+
+std::string typeList() {
+    std::string list = "major (nothing)";
+    for (auto key : chords::typeKeys()) {
+        if (!key.empty())
+            list += ", " + std::string(key);
+    }
+    return list;
+}
+
+}  // namespace
+
+CLI::Validator chordValidator() {
+    return CLI::Validator(
+        [](std::string& text) {
+            if (chordName(text))
+                return std::string();
+            return "\"" + text +
+                   "\" is not a chord: write a root (C C# D D# E F F# G G# A A# B, or a flat "
+                   "such as Bb) followed by a type: " +
+                   typeList();
+        },
+        "CHORD");
+}
+
+std::optional<std::size_t> tuningIndex(const std::string& text) {
+    const auto& all = tunings::catalogue();
+    std::size_t index = 0;
+    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), index);
+    if (ec == std::errc() && end == text.data() + text.size() && !text.empty())
+        return index < all.size() ? std::optional(index) : std::nullopt;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (CLI::detail::to_lower(std::string(all[i].name)) == CLI::detail::to_lower(text))
+            return i;
+    }
+    return std::nullopt;
+}
+
+CLI::Validator tuningValidator() {
+    return CLI::Validator(
+        [](std::string& text) {
+            if (tuningIndex(text))
+                return std::string();
+            std::string list = "\"" + text + "\" is not a tuning; give its number or its name:";
+            const auto& all = tunings::catalogue();
+            for (std::size_t i = 0; i < all.size(); ++i) {
+                list += "\n  " + std::to_string(i) + (i < 10 ? "   " : "  ") +
+                        std::string(all[i].name) + "  " + std::string(all[i].notes);
+            }
+            return list;
+        },
+        "N|NAME");
+}
+
+TuningChoice useTuning(ChordLibrary& library, std::size_t index) {
+    const auto& tuning = tunings::catalogue()[index];
+    const auto tokens = tunings::tokens(tuning.notes);
+    library.setTuning(tokens);
+    library.setExpandedTuning(tokens);
+    std::string notes;
+    for (const auto& token : tokens)
+        notes += (notes.empty() ? "" : " ") + token;
+    return {std::string(tuning.name), notes};
+}
+
+std::pair<std::string, std::string> splitChord(const std::string& text) {
+    const std::string name = *chordName(text);
+    const std::size_t rootLength = name.size() > 1 && name[1] == '#' ? 2 : 1;
+    return {name.substr(0, rootLength), name.substr(rootLength)};
+}
+
+}  // namespace zt::cli

@@ -1,0 +1,41 @@
+#pragma once
+// The arguments of zebtools-cli chords: chord names (flats allowed) and
+// tunings (by number or name), checked with messages that list what is
+// valid.
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "chords/ChordLibrary.h"
+
+namespace CLI {
+class Validator;
+}
+
+namespace zt::cli {
+
+// The chord as the generator spells it: a flat written "b" ("Bb", "Ebm7")
+// becomes the sharp below ("A#", "D#m7"); nullopt for a name that is not a
+// chord.
+std::optional<std::string> chordName(const std::string& text);
+// Root and type key of a name chordName() accepts: "Bbm7" -> "A#", "m7".
+std::pair<std::string, std::string> splitChord(const std::string& text);
+// Accepts what chordName() does; the message lists the types.
+CLI::Validator chordValidator();
+
+// The catalogue index of a tuning given by number (0 to 52) or by name
+// (any case); nullopt for anything else.
+std::optional<std::size_t> tuningIndex(const std::string& text);
+// Accepts what tuningIndex() does; the message lists the tunings.
+CLI::Validator tuningValidator();
+
+struct TuningChoice {
+    std::string name;   // "Drop D"
+    std::string notes;  // "D2 A2 D3 G3 B3 E4"
+};
+// Sets the library to the tuning at a catalogue index.
+TuningChoice useTuning(ChordLibrary& library, std::size_t index);
+
+}  // namespace zt::cli
