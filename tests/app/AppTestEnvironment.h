@@ -15,6 +15,7 @@
 #include "framework/Log.h"
 #include "framework/ManualLoop.h"
 #include "framework/TickClock.h"
+#include "chords/RecordingChordOutput.h"
 #include "metronome/RecordingOutput.h"
 
 class AppTestEnvironment : public ::testing::Test {
@@ -48,5 +49,6 @@ protected:
     std::vector<std::string> logLines_;
     zt::test::RecordingOutput output_;
     zt::ManualTickClock clock_;
-    zt::ScreenEngines engines_{output_, clock_};
+    zt::test::RecordingChordOutput chords_;
+    zt::ScreenEngines engines_{output_, clock_, chords_};
 };
