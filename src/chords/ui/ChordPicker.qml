@@ -32,17 +32,19 @@ Rectangle {
         }
         onRowChanged: if (!moving) currentIndex = row
 
-        delegate: Text {
-            required property string modelData
-            required property int index
-            readonly property real distance: Math.abs(Tumbler.displacement)
-            text: modelData
-            color: distance < 0.5 ? Theme.text : Theme.textDim
-            opacity: 1.0 - Math.min(distance, 2.5) / 3.2
-            font.bold: distance < 0.5
-            font.pixelSize: distance < 0.5 ? 19 : 16
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
+        delegate: Component {
+            Text {
+                required property string modelData
+                required property int index
+                readonly property real distance: Math.abs(Tumbler.displacement)
+                text: modelData
+                color: distance < 0.5 ? Theme.text : Theme.textDim
+                opacity: 1.0 - Math.min(distance, 2.5) / 3.2
+                font.bold: distance < 0.5
+                font.pixelSize: distance < 0.5 ? 19 : 16
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+            }
         }
     }
 

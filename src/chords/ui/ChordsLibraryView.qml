@@ -90,7 +90,7 @@ Rectangle {
             anchors.verticalCenter: chordButton.verticalCenter
 
             Repeater {
-                model: [false, true]
+                model: [true, false]
 
                 Button {
                     id: segment

@@ -13,17 +13,17 @@ Item {
     required property var shape
     property bool current: false
 
-    readonly property real left: 17
-    readonly property real top: 12
+    readonly property real gridLeft: 17
+    readonly property real gridTop: 12
     readonly property real spacing: 8
     readonly property real fretHeight: 11
     readonly property int firstFret: shape.firstFret
 
     function stringX(number) {
-        return left + (6 - number) * spacing
+        return gridLeft + (6 - number) * spacing
     }
     function fretY(fret) {
-        return top + (fret - firstFret + 0.5) * fretHeight
+        return gridTop + (fret - firstFret + 0.5) * fretHeight
     }
 
     width: 63
@@ -40,8 +40,8 @@ Item {
     Text {
         visible: diagram.firstFret > 1
         x: 1
-        width: diagram.left - 5
-        y: diagram.top + diagram.fretHeight / 2 - height / 2
+        width: diagram.gridLeft - 5
+        y: diagram.gridTop + diagram.fretHeight / 2 - height / 2
         horizontalAlignment: Text.AlignRight
         text: diagram.firstFret
         color: Theme.textDim
@@ -53,8 +53,8 @@ Item {
 
         Rectangle {
             required property int index
-            x: diagram.left
-            y: diagram.top + index * diagram.fretHeight - (height - 1) / 2
+            x: diagram.gridLeft
+            y: diagram.gridTop + index * diagram.fretHeight - (height - 1) / 2
             width: 5 * diagram.spacing + 1
             height: index === 0 && diagram.firstFret === 1 ? 3 : 1
             color: index === 0 && diagram.firstFret === 1 ? Theme.text : Theme.textDim
@@ -65,8 +65,8 @@ Item {
 
         Rectangle {
             required property int index
-            x: diagram.left + index * diagram.spacing
-            y: diagram.top
+            x: diagram.gridLeft + index * diagram.spacing
+            y: diagram.gridTop
             width: 1
             height: 4 * diagram.fretHeight
             color: Theme.textDim
@@ -93,7 +93,7 @@ Item {
 
             required property int modelData
             required property int index
-            readonly property real centre: diagram.left + index * diagram.spacing
+            readonly property real centre: diagram.gridLeft + index * diagram.spacing
 
             Text {
                 visible: cell.modelData <= 0
@@ -119,7 +119,7 @@ Item {
 
     Text {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: diagram.top + 4 * diagram.fretHeight + 3
+        y: diagram.gridTop + 4 * diagram.fretHeight + 3
         text: diagram.shape.caption
         color: Theme.accent
         font.pixelSize: 10
