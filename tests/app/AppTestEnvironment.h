@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "app/ScreenEngines.h"
+#include "chords/RecordingChordOutput.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "framework/ManualLoop.h"
 #include "framework/TickClock.h"
-#include "chords/RecordingChordOutput.h"
 #include "metronome/RecordingOutput.h"
 
 class AppTestEnvironment : public ::testing::Test {

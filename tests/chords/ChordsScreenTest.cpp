@@ -10,9 +10,9 @@ namespace {
 
 std::string shown(const ChordsLibrary& screen) {
     const VariationSet& set = screen.variations();
-    return set.count == 0 ? "none"
-                          : fretsOf(set.records[static_cast<std::size_t>(
-                                screen.currentVariationsIndex())]);
+    return set.count == 0
+               ? "none"
+               : fretsOf(set.records[static_cast<std::size_t>(screen.currentVariationsIndex())]);
 }
 
 TEST_F(ChordsScreenTest, FirstRunOpensOnCMajorWithFingersAndPlaysNothing) {
@@ -71,9 +71,8 @@ TEST_F(ChordsScreenTest, AMutedStringIsSilentInTheStrumAndInTheWholeChord) {
     output.calls.clear();
     drag(screen, kAcrossAll);
     EXPECT_EQ(output.calls,
-              (std::vector<std::string>{"string 5 index 0", "string 4 index 2",
-                                        "string 3 index 2", "string 2 index 1",
-                                        "string 1 index 0"}));
+              (std::vector<std::string>{"string 5 index 0", "string 4 index 2", "string 3 index 2",
+                                        "string 2 index 1", "string 1 index 0"}));
 }
 
 TEST_F(ChordsScreenTest, CrossingBackPlaysAgainOnlyAfterTheFingerLeftTheStrings) {

@@ -34,7 +34,9 @@ std::string picture(const NeckPicture& neck) {
         if (string["muted"].toBool())
             cell = "x";
         else if (string["open"].toBool())
-            cell = string["text"].toString().isEmpty() ? "o" : "o" + string["text"].toString().toStdString();
+            cell = string["text"].toString().isEmpty()
+                       ? "o"
+                       : "o" + string["text"].toString().toStdString();
         else if (string["fret"].toInt() > 0)
             cell = string["dot"].toBool() ? string["text"].toString().toStdString() : "-";
         else

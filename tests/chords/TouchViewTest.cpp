@@ -82,14 +82,19 @@ TEST_P(Drags, PlayEachStringOnceAsItIsCrossed) {
 INSTANTIATE_TEST_SUITE_P(
     Strokes, Drags,
     ::testing::Values(
-        DragCase{"DownAcrossAll", kAll, {5, 30, 45, 60, 80, 100, 115, 130, 150, 170, 190, 200,
-                                         215, 235, 250}, 1, {6, 5, 4, 3, 2, 1}},
-        DragCase{"TheMutedStringStaysSilent", kAMinor, {5, 30, 45, 80, 115, 150, 180, 215, 250},
-                 1, {5, 4, 3, 2, 1}},
+        DragCase{"DownAcrossAll",
+                 kAll,
+                 {5, 30, 45, 60, 80, 100, 115, 130, 150, 170, 190, 200, 215, 235, 250},
+                 1,
+                 {6, 5, 4, 3, 2, 1}},
+        DragCase{"TheMutedStringStaysSilent",
+                 kAMinor,
+                 {5, 30, 45, 80, 115, 150, 180, 215, 250},
+                 1,
+                 {5, 4, 3, 2, 1}},
         DragCase{"UpAcrossAll", kAll, {250, 215, 180, 150, 115, 80, 45, 5}, 1, {1, 2, 3, 4, 5, 6}},
         DragCase{"WobblingOnAStringPlaysItOnce", kAll, {80, 82, 78, 85, 80}, 1, {5}},
-        DragCase{"BackOverTheStringBeforePlaysItAgain", kAll, {80, 115, 80, 115}, 1,
-                 {5, 4, 5, 4}},
+        DragCase{"BackOverTheStringBeforePlaysItAgain", kAll, {80, 115, 80, 115}, 1, {5, 4, 5, 4}},
         DragCase{"LeavingTheStringsUnlocksThem", kAll, {215, 250, 215, 5, 45}, 1, {1, 1, 6}},
         DragCase{"TheShiftMovesTheBandsRight", kAll, {16.9, 17, 60.9, 61}, 1, {6, 5}},
         DragCase{"TwoFingersDoNotStrum", kAll, {45, 80, 115}, 2, {}}),
@@ -129,17 +134,17 @@ TEST_P(Arrows, ShowWhetherTheStripScrollsFurther) {
     EXPECT_DOUBLE_EQ(arrows.lower, c.lower);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Scroll, Arrows,
-    ::testing::Values(ArrowCase{"EverythingFits", 0, 200, 360, 0.2, 0.2},
-                      ArrowCase{"ExactlyFits", 0, 360, 360, 0.2, 0.2},
-                      ArrowCase{"Empty", 0, 0, 360, 0.2, 0.2},
-                      ArrowCase{"AtTheTop", 0, 1000, 360, 0.3, 1.0},
-                      ArrowCase{"InTheMiddle", 100, 1000, 360, 1.0, 1.0},
-                      ArrowCase{"AtTheBottom", 640, 1000, 360, 1.0, 0.3},
-                      ArrowCase{"PastTheBottom", 700, 1000, 360, 1.0, 0.3},
-                      ArrowCase{"BouncedAboveTheTop", -20, 1000, 360, 0.3, 1.0}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Scroll, Arrows,
+                         ::testing::Values(ArrowCase{"EverythingFits", 0, 200, 360, 0.2, 0.2},
+                                           ArrowCase{"ExactlyFits", 0, 360, 360, 0.2, 0.2},
+                                           ArrowCase{"Empty", 0, 0, 360, 0.2, 0.2},
+                                           ArrowCase{"AtTheTop", 0, 1000, 360, 0.3, 1.0},
+                                           ArrowCase{"InTheMiddle", 100, 1000, 360, 1.0, 1.0},
+                                           ArrowCase{"AtTheBottom", 640, 1000, 360, 1.0, 0.3},
+                                           ArrowCase{"PastTheBottom", 700, 1000, 360, 1.0, 0.3},
+                                           ArrowCase{"BouncedAboveTheTop", -20, 1000, 360, 0.3,
+                                                     1.0}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(StripArrows, APageKeepsOneDiagramInViewAndStaysWithinTheStrip) {
     // 20 diagrams of 76 in a strip showing 296.

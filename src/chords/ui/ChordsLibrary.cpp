@@ -155,8 +155,8 @@ void ChordsLibrary::setStateForArrowButtons(qreal y, qreal contentHeight, qreal 
     emit arrowsChanged();
 }
 
-qreal ChordsLibrary::stripPageTarget(int direction, qreal y, qreal contentHeight,
-                                     qreal viewHeight, qreal itemHeight) const {
+qreal ChordsLibrary::stripPageTarget(int direction, qreal y, qreal contentHeight, qreal viewHeight,
+                                     qreal itemHeight) const {
     return StripArrows::pageTarget(direction, y, contentHeight, viewHeight, itemHeight);
 }
 
@@ -253,12 +253,14 @@ void ChordsLibrary::reload() {
 
 void ChordsLibrary::paint() {
     const int count = set_->count;
-    state_.currentVariationsIndex = std::clamp(state_.currentVariationsIndex, 0, std::max(count - 1, 0));
+    state_.currentVariationsIndex =
+        std::clamp(state_.currentVariationsIndex, 0, std::max(count - 1, 0));
     if (count == 0) {
         notes_ = StringNotes{};
         neck_ = NeckPicture::empty();
     } else {
-        const ChordVariation& v = set_->records[static_cast<std::size_t>(state_.currentVariationsIndex)];
+        const ChordVariation& v =
+            set_->records[static_cast<std::size_t>(state_.currentVariationsIndex)];
         notes_ = zt::stringNotes(v);
         neck_ = NeckPicture::of(shapeOf(v), state_.notes);
     }

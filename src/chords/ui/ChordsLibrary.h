@@ -122,8 +122,8 @@ public:
     Q_INVOKABLE void setStateForArrowButtons(qreal y, qreal contentHeight, qreal viewHeight);
     // Where an arrow scrolls the strip: a page up (direction < 0) or down,
     // itemHeight being one diagram's.
-    Q_INVOKABLE qreal stripPageTarget(int direction, qreal y, qreal contentHeight,
-                                      qreal viewHeight, qreal itemHeight) const;
+    Q_INVOKABLE qreal stripPageTarget(int direction, qreal y, qreal contentHeight, qreal viewHeight,
+                                      qreal itemHeight) const;
 
     void setShowNotes(bool notes);
 

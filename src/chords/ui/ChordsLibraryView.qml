@@ -34,23 +34,29 @@ Rectangle {
         width: view.instrumentWidth
         height: view.height
 
-        Button {
+        // The chord's name; a touch opens or closes the wheels.
+        Item {
             id: chordButton
 
             objectName: "chordButton"
             x: 6
             width: 140
             height: view.headerHeight
-            focusPolicy: Qt.NoFocus
-            enabled: !view.wide
-            onClicked: view.screen.togglePicker()
-            background: Item {}
-            contentItem: Column {
-                spacing: 0
+
+            TapHandler {
+                enabled: !view.wide
+                onTapped: view.screen.togglePicker()
+            }
+
+            Column {
+                anchors.verticalCenter: parent.verticalCenter
+
                 Row {
                     spacing: 3
+
                     Text {
                         id: nameText
+
                         objectName: "chordName"
                         text: view.screen.chordName
                         color: Theme.accent

@@ -93,7 +93,8 @@ ChordsState restoredState(const Dictionary& section, const std::vector<std::stri
     if (auto choice = choiceAt(roots, types, std::max(rootRow, 0), std::max(typeRow, 0)))
         state.choice = *choice;
 
-    const std::optional<int> index = savedInt(valueFor(section, keys::kCurrentVariationsIndex.name));
+    const std::optional<int> index =
+        savedInt(valueFor(section, keys::kCurrentVariationsIndex.name));
     state.currentVariationsIndex = std::max(index.value_or(0), 0);
     for (std::size_t s = 0; s < kStringCount; ++s) {
         state.canPlayString[s] = savedFlag(section, keys::kCanPlayString[s]);
