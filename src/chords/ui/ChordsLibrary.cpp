@@ -185,10 +185,9 @@ void ChordsLibrary::startReleaseTimer() {
 }
 
 void ChordsLibrary::viewWillAppear() {
-    if (delegate_) {
+    // A running metronome goes on: chord changes are practised against it.
+    if (delegate_)
         delegate_->stopMusic();
-        delegate_->stopMetronome();
-    }
     updateTuningName();
 }
 

@@ -24,7 +24,8 @@ public:
     // Stores these keys in the saved state.
     virtual void saveChordsLibrarySettings(const Dictionary& settings) = 0;
     // Tell the rest of the program the user's music may be paused or
-    // resumed, and that a running metronome should pause.
+    // resumed, and that a running metronome should pause (the screen leaves
+    // it running).
     virtual void stopMusic() = 0;
     virtual void startMusic() = 0;
     virtual void stopMetronome() = 0;

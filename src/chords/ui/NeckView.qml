@@ -173,11 +173,11 @@ Item {
         font.bold: true
     }
 
-    Rectangle {
+    RoundedBox {
         visible: neck.screen.emptyNote !== ""
         anchors.centerIn: board
-        width: note.implicitWidth + 24
-        height: note.implicitHeight + 16
+        width: Math.round(note.width + 24)
+        height: Math.round(note.implicitHeight + 16)
         radius: 8
         color: Theme.panel
         border.color: Theme.separator
