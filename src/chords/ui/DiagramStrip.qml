@@ -11,6 +11,7 @@ Item {
 
     required property ChordsLibrary screen
     readonly property real arrowHeight: 22
+    readonly property real diagramHeight: 76
 
     function tellScroll() {
         strip.screen.setStateForArrowButtons(list.contentY - list.originY, list.contentHeight,
@@ -18,7 +19,8 @@ Item {
     }
     function page(direction) {
         const target = strip.screen.stripPageTarget(direction, list.contentY - list.originY,
-                                                    list.contentHeight, list.height, 76)
+                                                    list.contentHeight, list.height,
+                                                    strip.diagramHeight)
         scroll.to = target + list.originY
         scroll.restart()
     }
@@ -66,6 +68,7 @@ Item {
             required property int index
 
             shape: modelData
+            height: strip.diagramHeight
             current: index === strip.screen.currentVariationsIndex
 
             TapHandler {

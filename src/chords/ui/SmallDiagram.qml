@@ -13,8 +13,8 @@ Item {
     required property var shape
     property bool current: false
 
-    readonly property real gridLeft: 17
-    readonly property real gridTop: 12
+    readonly property real gridLeft: 14
+    readonly property real gridTop: 15
     readonly property real spacing: 8
     readonly property real fretHeight: 11
     readonly property int firstFret: shape.firstFret
@@ -26,8 +26,8 @@ Item {
         return gridTop + (fret - firstFret + 0.5) * fretHeight
     }
 
-    width: 63
-    height: 76
+    implicitWidth: 63
+    implicitHeight: 76
 
     Rectangle {
         anchors.fill: parent
@@ -39,8 +39,8 @@ Item {
 
     Text {
         visible: diagram.firstFret > 1
-        x: 1
-        width: diagram.gridLeft - 5
+        x: 0
+        width: diagram.gridLeft - 3
         y: diagram.gridTop + diagram.fretHeight / 2 - height / 2
         horizontalAlignment: Text.AlignRight
         text: diagram.firstFret
@@ -98,7 +98,7 @@ Item {
             Text {
                 visible: cell.modelData <= 0
                 x: cell.centre - width / 2
-                y: 0
+                y: 4
                 width: 8
                 horizontalAlignment: Text.AlignHCenter
                 text: cell.modelData < 0 ? "\u00D7" : "\u25CB"
