@@ -108,17 +108,6 @@ TEST(TouchView, AMutedBandNeitherPlaysNorUnlocks) {
     EXPECT_EQ(view.touchesMoved(80, 1, kAMinor), 0) << "still the last string played";
 }
 
-TEST(TouchView, PlayingAStringLocksItAlone) {
-    TouchView view;
-    view.setLocked(3, true);
-    view.setLocked(6, true);
-    EXPECT_EQ(view.touchesMoved(80, 1, kAll), 5);
-    for (int n = 1; n <= 6; ++n)
-        EXPECT_EQ(view.isLocked(n), n == 5) << n;
-    EXPECT_FALSE(view.isLocked(0));
-    EXPECT_FALSE(view.isLocked(7));
-}
-
 struct ArrowCase {
     const char* name;
     double y, contentHeight, viewHeight;
