@@ -6,12 +6,15 @@
 
 namespace zt {
 
+class ChordOutput;
 class MetronomeOutput;
 class TickClock;
 
 struct ScreenEngines {
     MetronomeOutput& metronome;
     const TickClock& clock;
+    // The chords tool's strings.
+    ChordOutput& chords;
 };
 
 }  // namespace zt

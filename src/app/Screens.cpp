@@ -3,6 +3,10 @@
 #include "app/PlaceholderScreen.h"
 #include "app/ScreenEngines.h"
 #include "app/Tools.h"
+#include "chords/ui/ChordsLibrary.h"
+#include "chords/ui/ChordsLibraryMediator.h"
+#include "chords/ui/ChordsLibrarySettings.h"
+#include "chords/ui/ChordsLibrarySettingsMediator.h"
 #include "metronome/ui/Metronome.h"
 #include "metronome/ui/MetronomeMediator.h"
 #include "metronome/ui/MetronomeSettings.h"
@@ -32,6 +36,14 @@ Screen* makeMetronomeSettings(const Tools& shell, const ScreenEngines&) {
     return new MetronomeSettings(shell.screenAs<Metronome>("metronome"));
 }
 
+Screen* makeChordsLibrary(const Tools&, const ScreenEngines& engines) {
+    return new ChordsLibrary(engines.chords);
+}
+
+Screen* makeChordsLibrarySettings(const Tools& shell, const ScreenEngines&) {
+    return new ChordsLibrarySettings(shell.screenAs<ChordsLibrary>("chordsLibrary"));
+}
+
 constexpr const char* kPlaceholder = "app/PlaceholderView.qml";
 
 }  // namespace
@@ -42,10 +54,10 @@ const std::vector<ScreenRow>& screenTable() {
          "metronome/ui/MetronomeView.qml", false},
         {"metronomeSettings", "Settings", MetronomeTab, makeMetronomeSettings,
          mediate<MetronomeSettingsMediator>, "metronome/ui/MetronomeSettingsView.qml", false},
-        {"chordsLibrary", "Chords Library", ChordsTab, make<PlaceholderScreen>, nullptr,
-         kPlaceholder, true},
-        {"chordsLibrarySettings", "Settings", ChordsTab, make<PlaceholderScreen>, nullptr,
-         kPlaceholder, false},
+        {"chordsLibrary", "Chords Library", ChordsTab, makeChordsLibrary,
+         mediate<ChordsLibraryMediator>, "chords/ui/ChordsLibraryView.qml", true},
+        {"chordsLibrarySettings", "Settings", ChordsTab, makeChordsLibrarySettings,
+         mediate<ChordsLibrarySettingsMediator>, "chords/ui/ChordsLibrarySettingsView.qml", false},
         {"commonSettings", "Tunings", kAnyTab, make<CommonSettings>,
          mediate<CommonSettingsMediator>, "tuners/ui/CommonSettingsView.qml", false},
         {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<PlaceholderScreen>, nullptr,

@@ -39,7 +39,8 @@ void ScreenshotRunner::grab(const QString& name) {
 
 void ScreenshotRunner::step() {
     // Each step captures what the previous one put on screen, then shows the
-    // next thing: the four tools, the tunings list, the metronome settings.
+    // next thing: the four tools, the tunings list, the metronome and the
+    // chords settings.
     const int tools = static_cast<int>(toolFiles_.size());
     if (step_ < tools) {
         if (step_ > 0)
@@ -54,9 +55,14 @@ void ScreenshotRunner::step() {
         tools_->goBack(1);
         tools_->previewTab(0);
         tools_->show(QStringLiteral("metronomeSettings"));
-    } else {
+    } else if (step_ == tools + 2) {
         grab("metronome-settings");
         tools_->goBack(0);
+        tools_->previewTab(3);
+        tools_->show(QStringLiteral("chordsLibrarySettings"));
+    } else {
+        grab("chords-settings");
+        tools_->goBack(3);
         for (const QString& path : std::as_const(written_))
             std::printf("%s\n", qPrintable(path));
         std::fflush(stdout);

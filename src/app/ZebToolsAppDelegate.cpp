@@ -7,6 +7,7 @@
 #include "app/Screens.h"
 #include "app/Tools.h"
 #include "app/ToolsDelegate.h"
+#include "chords/ChordPlayer.h"
 #include "framework/Log.h"
 #include "framework/Paths.h"
 #include "metronome/MetronomePlayer.h"
@@ -32,7 +33,8 @@ void ZebToolsAppDelegate::launch(std::optional<ScreenEngines> engines) {
 
     if (!engines) {
         metronomePlayer_ = std::make_unique<MetronomePlayer>(SoundEngine::shared());
-        engines.emplace(ScreenEngines{*metronomePlayer_, steadyTickClock()});
+        chordPlayer_ = std::make_unique<ChordPlayer>(SoundEngine::shared());
+        engines.emplace(ScreenEngines{*metronomePlayer_, steadyTickClock(), *chordPlayer_});
     }
     tools_ = std::make_unique<Tools>(*engines);
     tools_->setAnalytics(&analytics_);

@@ -14,6 +14,7 @@
 
 namespace zt {
 
+class ChordPlayer;
 class Metronome;
 class MetronomePlayer;
 class Tools;
@@ -60,9 +61,11 @@ private:
     AnalyticsLog analytics_;
     ScreenSaverInhibitor screenSaver_;
     Qt::ApplicationState lastState_ = Qt::ApplicationActive;
-    // The metronome on the sound card, when no engines were given. Declared
-    // before the shell, whose screens play through it.
+    // The metronome and the chords' strings on the sound card, when no
+    // engines were given. Declared before the shell, whose screens play
+    // through them.
     std::unique_ptr<MetronomePlayer> metronomePlayer_;
+    std::unique_ptr<ChordPlayer> chordPlayer_;
     std::unique_ptr<Tools> tools_;
 };
 

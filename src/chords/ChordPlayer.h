@@ -12,34 +12,39 @@
 
 #include <cstdint>
 
+#include "chords/ChordOutput.h"
 #include "chords/StrumEngine.h"
 #include "sound/SoundEngine.h"
 
 namespace zt {
 
-class ChordPlayer {
+class ChordPlayer final : public ChordOutput {
 public:
     // The sound engine must outlive the player, and the string recordings
     // must stay loaded while the stream runs.
     explicit ChordPlayer(SoundEngine& sound);
-    ~ChordPlayer();
+    ~ChordPlayer() override;
     ChordPlayer(const ChordPlayer&) = delete;
     ChordPlayer& operator=(const ChordPlayer&) = delete;
 
     // The whole chord: its playable strings from the lowest, 60 ms apart,
     // the first after `delaySeconds`; nothing when no string can be played
     // (a chord without a fingering).
-    void playChord(const StringNotes& notes, double delaySeconds = 0.0);
+    void playChord(const StringNotes& notes, double delaySeconds = 0.0) override;
     // One string at once, as a finger crosses it; nothing when it is muted.
-    void playString(const StringNotes& notes, int stringNumber);
+    void playString(const StringNotes& notes, int stringNumber) override;
     // Silences every string.
-    void stop();
+    void stop() override;
 
     // Stops the stream once every string has died away and been heard, so
     // that a silent player costs nothing. Call now and then (on leaving the
     // screen, or on a slow timer).
     void releaseStreamWhenSilent();
     bool isStreaming() const { return streaming_; }
+    bool releaseWhenSilent() override {
+        releaseStreamWhenSilent();
+        return !streaming_;
+    }
 
     StrumEngine& engine() { return engine_; }
 

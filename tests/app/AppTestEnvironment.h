@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/ScreenEngines.h"
+#include "chords/RecordingChordOutput.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "framework/ManualLoop.h"
@@ -48,5 +49,6 @@ protected:
     std::vector<std::string> logLines_;
     zt::test::RecordingOutput output_;
     zt::ManualTickClock clock_;
-    zt::ScreenEngines engines_{output_, clock_};
+    zt::test::RecordingChordOutput chords_;
+    zt::ScreenEngines engines_{output_, clock_, chords_};
 };

@@ -53,7 +53,7 @@ echo "ok: corrupt state kept aside, defaults used"
 # Every tool renders.
 timeout 90 "$app" --screenshot "$work/shots" > "$work/log" 2>&1 || fail "screenshot run exited with $?"
 if grep -q "qrc:/ZebTools" "$work/log"; then fail "the views reported QML errors"; fi
-for name in metronome chromatic-tuner brain-tuner chords tunings metronome-settings; do
+for name in metronome chromatic-tuner brain-tuner chords tunings metronome-settings chords-settings; do
     [ -s "$work/shots/$name.png" ] || fail "no screenshot $name.png"
 done
 echo "ok: screenshots rendered"

@@ -7,6 +7,7 @@
 
 #include "app/ScreenEngines.h"
 #include "app/Tools.h"
+#include "chords/RecordingChordOutput.h"
 #include "framework/TickClock.h"
 #include "metronome/RecordingOutput.h"
 
@@ -20,7 +21,8 @@ public slots:
         engine->addImportPath(QStringLiteral("qrc:/"));
         static zt::test::RecordingOutput output;
         static zt::ManualTickClock clock;
-        auto* tools = new zt::Tools(zt::ScreenEngines{output, clock}, engine);
+        static zt::test::RecordingChordOutput chords;
+        auto* tools = new zt::Tools(zt::ScreenEngines{output, clock, chords}, engine);
         tools->createTabBar(0);
         qmlRegisterSingletonInstance("ZebToolsTest", 1, 0, "TestShell", tools);
     }

@@ -1,0 +1,64 @@
+#include "chords/ui/ChordChoice.h"
+
+#include <QString>
+
+namespace zt {
+
+namespace {
+constexpr const char* kSharpSign = "\u266F";
+}  // namespace
+
+std::string ChordChoice::generatorRoot() const {
+    return withAsciiSharp(chordPartOne);
+}
+
+std::string rootOfTitle(const std::string& title) {
+    const QString text = QString::fromStdString(title);
+    return text.size() > 1 ? text.left(2).toStdString() : title;
+}
+
+std::string typeKeyOfTitle(const std::string& title) {
+    if (title == "major")
+        return "";
+    if (title == "minor")
+        return "m";
+    return title;
+}
+
+std::string withAsciiSharp(const std::string& root) {
+    std::string out = root;
+    const std::string sign = kSharpSign;
+    for (auto at = out.find(sign); at != std::string::npos; at = out.find(sign, at + 1))
+        out.replace(at, sign.size(), "#");
+    return out;
+}
+
+std::optional<ChordChoice> choiceAt(const std::vector<std::string>& roots,
+                                    const std::vector<std::string>& types, int rootRow,
+                                    int typeRow) {
+    if (rootRow < 0 || typeRow < 0 || rootRow >= static_cast<int>(roots.size()) ||
+        typeRow >= static_cast<int>(types.size())) {
+        return std::nullopt;
+    }
+    return ChordChoice{rootRow, typeRow, rootOfTitle(roots[static_cast<std::size_t>(rootRow)]),
+                       typeKeyOfTitle(types[static_cast<std::size_t>(typeRow)])};
+}
+
+int rowOfRoot(const std::vector<std::string>& roots, const std::string& root) {
+    const std::string wanted = withAsciiSharp(root);
+    for (std::size_t row = 0; row < roots.size(); ++row) {
+        if (withAsciiSharp(rootOfTitle(roots[row])) == wanted)
+            return static_cast<int>(row);
+    }
+    return -1;
+}
+
+int rowOfType(const std::vector<std::string>& types, const std::string& key) {
+    for (std::size_t row = 0; row < types.size(); ++row) {
+        if (typeKeyOfTitle(types[row]) == key)
+            return static_cast<int>(row);
+    }
+    return -1;
+}
+
+}  // namespace zt

@@ -1,0 +1,101 @@
+#include "chords/ui/NeckPicture.h"
+
+#include <algorithm>
+
+#include "chords/ui/TouchView.h"
+
+namespace zt {
+
+namespace {
+
+int maxFret(const ChordShape& shape) {
+    int highest = 0;
+    for (const auto& s : shape.strings)
+        highest = std::max(highest, s.fret);
+    return highest;
+}
+
+int firstFretOf(const ChordShape& shape) {
+    return maxFret(shape) <= NeckPicture::kWindowFrets ? 1 : std::max(shape.position, 1);
+}
+
+// Whether a barre lays the finger of string n at its fret.
+bool underBarre(const ChordShape& shape, int n) {
+    const auto& s = shape.string(n);
+    for (int b = 0; b < shape.barreCount; ++b) {
+        const auto& barre = shape.barres[static_cast<std::size_t>(b)];
+        if (s.fret == barre.fret && s.finger == barre.finger && n <= barre.from && n >= barre.to)
+            return true;
+    }
+    return false;
+}
+
+QString text(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+}  // namespace
+
+NeckPicture NeckPicture::of(const ChordShape& shape, bool notes) {
+    NeckPicture picture;
+    picture.firstFret = firstFretOf(shape);
+    for (int n = kStringCount; n >= 1; --n) {
+        const auto& s = shape.string(n);
+        const bool fretted = s.fret > 0;
+        QString label;
+        if (notes && s.fret >= 0)
+            label = text(noteName(s.pitch));
+        else if (fretted)
+            label = QString::number(s.finger);
+        picture.strings.append(QVariantMap{
+            {"string", n},
+            {"x", TouchView::stringX(n)},
+            {"fret", s.fret},
+            {"muted", s.fret < 0},
+            {"open", s.fret == 0},
+            {"dot", fretted && (notes || !underBarre(shape, n))},
+            {"text", label},
+        });
+    }
+    for (int b = 0; b < shape.barreCount; ++b) {
+        const auto& barre = shape.barres[static_cast<std::size_t>(b)];
+        picture.barres.append(QVariantMap{
+            {"fret", barre.fret},
+            {"fromX", TouchView::stringX(barre.from)},
+            {"toX", TouchView::stringX(barre.to)},
+            {"text", notes ? QString() : QString::number(barre.finger)},
+        });
+    }
+    return picture;
+}
+
+NeckPicture NeckPicture::empty() {
+    NeckPicture picture;
+    for (int n = kStringCount; n >= 1; --n) {
+        picture.strings.append(QVariantMap{{"string", n},
+                                           {"x", TouchView::stringX(n)},
+                                           {"fret", -1},
+                                           {"muted", false},
+                                           {"open", false},
+                                           {"dot", false},
+                                           {"text", QString()}});
+    }
+    return picture;
+}
+
+QVariantMap smallDiagram(const ChordShape& shape, const QString& caption) {
+    QVariantList frets;
+    for (int n = kStringCount; n >= 1; --n)
+        frets.append(shape.string(n).fret);
+    QVariantList barres;
+    for (int b = 0; b < shape.barreCount; ++b) {
+        const auto& barre = shape.barres[static_cast<std::size_t>(b)];
+        barres.append(QVariantMap{{"fret", barre.fret}, {"from", barre.from}, {"to", barre.to}});
+    }
+    return {{"frets", frets},
+            {"barres", barres},
+            {"firstFret", firstFretOf(shape)},
+            {"caption", caption}};
+}
+
+}  // namespace zt

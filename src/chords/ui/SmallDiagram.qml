@@ -1,0 +1,128 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import ZebTools
+
+// One fingering in the strip: four frets from `firstFret`, x and o over
+// muted and open strings, a dot per fretted string, barres as bars, the
+// first fret's number when it is not the nut, and "/E" under a shape with
+// another note than the root in the bass.
+Item {
+    id: diagram
+
+    // A map of ChordsLibrary.diagrams.
+    required property var shape
+    property bool current: false
+
+    readonly property real gridLeft: 14
+    readonly property real gridTop: 15
+    readonly property real spacing: 8
+    readonly property real fretHeight: 11
+    readonly property int firstFret: shape.firstFret
+
+    function stringX(number) {
+        return gridLeft + (6 - number) * spacing
+    }
+    function fretY(fret) {
+        return gridTop + (fret - firstFret + 0.5) * fretHeight
+    }
+
+    implicitWidth: 63
+    implicitHeight: 76
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: 2
+        radius: 6
+        color: diagram.current ? Theme.panelLight : "transparent"
+        border.color: diagram.current ? Theme.accent : "transparent"
+    }
+
+    Text {
+        visible: diagram.firstFret > 1
+        x: 0
+        width: diagram.gridLeft - 3
+        y: diagram.gridTop + diagram.fretHeight / 2 - height / 2
+        horizontalAlignment: Text.AlignRight
+        text: diagram.firstFret
+        color: Theme.textDim
+        font.pixelSize: 8
+    }
+
+    Repeater {
+        model: 5
+
+        Rectangle {
+            required property int index
+            x: diagram.gridLeft
+            y: diagram.gridTop + index * diagram.fretHeight - (height - 1) / 2
+            width: 5 * diagram.spacing + 1
+            height: index === 0 && diagram.firstFret === 1 ? 3 : 1
+            color: index === 0 && diagram.firstFret === 1 ? Theme.text : Theme.textDim
+        }
+    }
+    Repeater {
+        model: 6
+
+        Rectangle {
+            required property int index
+            x: diagram.gridLeft + index * diagram.spacing
+            y: diagram.gridTop
+            width: 1
+            height: 4 * diagram.fretHeight
+            color: Theme.textDim
+        }
+    }
+    Repeater {
+        model: diagram.shape.barres
+
+        Rectangle {
+            required property var modelData
+            x: diagram.stringX(modelData.from) - 3
+            y: diagram.fretY(modelData.fret) - 3
+            width: diagram.stringX(modelData.to) - diagram.stringX(modelData.from) + 6
+            height: 6
+            radius: 3
+            color: Theme.accent
+        }
+    }
+    Repeater {
+        model: diagram.shape.frets
+
+        Item {
+            id: cell
+
+            required property int modelData
+            required property int index
+            readonly property real centre: diagram.gridLeft + index * diagram.spacing
+
+            Text {
+                visible: cell.modelData <= 0
+                x: cell.centre - width / 2
+                y: 4
+                width: 8
+                horizontalAlignment: Text.AlignHCenter
+                text: cell.modelData < 0 ? "\u00D7" : "\u25CB"
+                color: Theme.textDim
+                font.pixelSize: 8
+            }
+            Rectangle {
+                visible: cell.modelData > 0
+                x: cell.centre - 3
+                y: diagram.fretY(cell.modelData) - 3
+                width: 6
+                height: 6
+                radius: 3
+                color: Theme.accent
+            }
+        }
+    }
+
+    Text {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: diagram.gridTop + 4 * diagram.fretHeight + 3
+        text: diagram.shape.caption
+        color: Theme.accent
+        font.pixelSize: 10
+        font.bold: true
+    }
+}

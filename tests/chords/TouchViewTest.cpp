@@ -1,0 +1,148 @@
+// The strings' touch area and the strip's arrows, as a finger and an eye
+// meet them: which string a position plays, what a drag across the strings
+// sounds, and how the arrows show whether the strip scrolls further.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "chords/ui/StripArrows.h"
+#include "chords/ui/TouchView.h"
+
+namespace zt::test {
+namespace {
+
+template <class Case>
+requires requires(const Case& c) {
+    c.name;
+}
+void PrintTo(const Case& c, std::ostream* os) {
+    *os << c.name;
+}
+
+struct BandCase {
+    const char* name;
+    double x;  // already shifted
+    int string;
+};
+
+class Bands : public ::testing::TestWithParam<BandCase> {};
+
+TEST_P(Bands, APositionBelongsToOneString) {
+    EXPECT_EQ(TouchView::bandAt(GetParam().x), GetParam().string);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Strings, Bands,
+    ::testing::Values(BandCase{"LeftOfTheSixth", 14.9, 0}, BandCase{"SixthFrom15", 15, 6},
+                      BandCase{"SixthTo58", 58, 6}, BandCase{"HalfPointsBelongBelow", 58.9, 6},
+                      BandCase{"FifthFrom59", 59, 5}, BandCase{"FifthTo92", 92, 5},
+                      BandCase{"Fourth", 93, 4}, BandCase{"FourthTo126", 126.5, 4},
+                      BandCase{"Third", 127, 3}, BandCase{"ThirdTo160", 160, 3},
+                      BandCase{"Second", 161, 2}, BandCase{"SecondTo194", 194, 2},
+                      BandCase{"FirstFrom195", 195, 1}, BandCase{"FirstTo238", 238.7, 1},
+                      BandCase{"RightOfTheFirst", 239, 0}, BandCase{"Negative", -40, 0},
+                      BandCase{"NotANumber", std::numeric_limits<double>::quiet_NaN(), 0}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(TouchView, EachDrawnStringLiesInItsOwnBand) {
+    for (int n = 1; n <= 6; ++n)
+        EXPECT_EQ(TouchView::bandAt(TouchView::stringX(n) - TouchView::kShift), n) << n;
+    EXPECT_EQ(TouchView::bandAt(TouchView::kWidth - TouchView::kShift), 0);
+}
+
+using Playable = std::array<bool, kStringCount>;
+constexpr Playable kAll{true, true, true, true, true, true};
+// A minor: the 6th string is muted.
+constexpr Playable kAMinor{true, true, true, true, true, false};
+
+struct DragCase {
+    const char* name;
+    Playable canPlay;
+    std::vector<double> xs;  // positions in the view, one move each
+    int touches;
+    std::vector<int> played;
+};
+
+class Drags : public ::testing::TestWithParam<DragCase> {};
+
+TEST_P(Drags, PlayEachStringOnceAsItIsCrossed) {
+    const auto& c = GetParam();
+    TouchView view;
+    std::vector<int> played;
+    for (double x : c.xs) {
+        if (const int string = view.touchesMoved(x, c.touches, c.canPlay))
+            played.push_back(string);
+    }
+    EXPECT_EQ(played, c.played);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Strokes, Drags,
+    ::testing::Values(
+        DragCase{"DownAcrossAll",
+                 kAll,
+                 {5, 30, 45, 60, 80, 100, 115, 130, 150, 170, 190, 200, 215, 235, 250},
+                 1,
+                 {6, 5, 4, 3, 2, 1}},
+        DragCase{"TheMutedStringStaysSilent",
+                 kAMinor,
+                 {5, 30, 45, 80, 115, 150, 180, 215, 250},
+                 1,
+                 {5, 4, 3, 2, 1}},
+        DragCase{"UpAcrossAll", kAll, {250, 215, 180, 150, 115, 80, 45, 5}, 1, {1, 2, 3, 4, 5, 6}},
+        DragCase{"WobblingOnAStringPlaysItOnce", kAll, {80, 82, 78, 85, 80}, 1, {5}},
+        DragCase{"BackOverTheStringBeforePlaysItAgain", kAll, {80, 115, 80, 115}, 1, {5, 4, 5, 4}},
+        DragCase{"LeavingTheStringsUnlocksThem", kAll, {215, 250, 215, 5, 45}, 1, {1, 1, 6}},
+        DragCase{"TheShiftMovesTheBandsRight", kAll, {16.9, 17, 60.9, 61}, 1, {6, 5}},
+        DragCase{"TwoFingersDoNotStrum", kAll, {45, 80, 115}, 2, {}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(TouchView, AMutedBandNeitherPlaysNorUnlocks) {
+    TouchView view;
+    EXPECT_EQ(view.touchesMoved(80, 1, kAMinor), 5);
+    EXPECT_EQ(view.touchesMoved(45, 1, kAMinor), 0);
+    EXPECT_TRUE(view.isLocked(5));
+    EXPECT_EQ(view.touchesMoved(80, 1, kAMinor), 0) << "still the last string played";
+}
+
+struct ArrowCase {
+    const char* name;
+    double y, contentHeight, viewHeight;
+    double upper, lower;
+};
+
+class Arrows : public ::testing::TestWithParam<ArrowCase> {};
+
+TEST_P(Arrows, ShowWhetherTheStripScrollsFurther) {
+    const auto& c = GetParam();
+    const StripArrows arrows = StripArrows::forScroll(c.y, c.contentHeight, c.viewHeight);
+    EXPECT_DOUBLE_EQ(arrows.upper, c.upper);
+    EXPECT_DOUBLE_EQ(arrows.lower, c.lower);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scroll, Arrows,
+                         ::testing::Values(ArrowCase{"EverythingFits", 0, 200, 360, 0.2, 0.2},
+                                           ArrowCase{"ExactlyFits", 0, 360, 360, 0.2, 0.2},
+                                           ArrowCase{"Empty", 0, 0, 360, 0.2, 0.2},
+                                           ArrowCase{"AtTheTop", 0, 1000, 360, 0.3, 1.0},
+                                           ArrowCase{"InTheMiddle", 100, 1000, 360, 1.0, 1.0},
+                                           ArrowCase{"AtTheBottom", 640, 1000, 360, 1.0, 0.3},
+                                           ArrowCase{"PastTheBottom", 700, 1000, 360, 1.0, 0.3},
+                                           ArrowCase{"BouncedAboveTheTop", -20, 1000, 360, 0.3,
+                                                     1.0}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(StripArrows, APageKeepsOneDiagramInViewAndStaysWithinTheStrip) {
+    // 20 diagrams of 76 in a strip showing 296.
+    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(1, 0, 1520, 296, 76), 220);
+    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(1, 1100, 1520, 296, 76), 1224);
+    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(-1, 300, 1520, 296, 76), 80);
+    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(-1, 100, 1520, 296, 76), 0);
+    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(1, 0, 200, 296, 76), 0) << "nothing to scroll";
+}
+
+}  // namespace
+}  // namespace zt::test
