@@ -92,3 +92,20 @@ TEST_F(StartupTest, RegistersInOrderAndLiftsTheCoverOnceSoundsLoad) {
     ASSERT_TRUE(loop_.runUntil([&] { return !tools.loading(); }, std::chrono::seconds(20)));
     EXPECT_TRUE(media->isBuffersLoaded());
 }
+
+TEST_F(StartupTest, CommandTableHoldsTheFourteenCommandsAndNoOthers) {
+    auto& facade = ApplicationFacade::getInstance();
+    for (const char* name :
+         {"Startup", "GetMainFrequerncy", "StartAudioSession", "StopAudioSession",
+          "SaveMetronomeState", "SaveBrainTunerState", "SaveChromaticTunerState",
+          "SaveChordsLibraryState", "SaveCommonState", "GetMetronomeSavedData",
+          "GetBrainTunerSavedData", "GetChromaticTunerSavedData", "GetChordsLibrarySavedData",
+          "GetCommonState"}) {
+        EXPECT_TRUE(facade.hasCommand(name)) << name;
+    }
+    // Sent or listened for, but answered by mediators or by nobody.
+    for (const char* name : {"StopMusic", "StartMusic", "StopMetronome", "ShowMetronomeSettings",
+                             "SetTuning", "ReloadChords", "StateMetronomeData"}) {
+        EXPECT_FALSE(facade.hasCommand(name)) << name;
+    }
+}

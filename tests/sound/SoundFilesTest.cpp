@@ -59,6 +59,18 @@ TEST_P(GeneratedStrings, IsInTuneAndDiesAway) {
     EXPECT_LT(std::abs(tone.samples.back()), 1e-3);
 }
 
+// The sound generator tunes each file to openStringFrequency, and the strum
+// shifts it by semitones counted from openStringNote: both must name the
+// file's own note.
+TEST_P(GeneratedStrings, TheGeneratorAndTheStrumAgreeOnItsPitch) {
+    const auto& row = GetParam();
+    EXPECT_NEAR(SoundBank::openStringFrequency(row.string), row.hertz, 1e-3);
+    const int note = SoundBank::openStringNote(row.string);
+    EXPECT_NEAR(440.0 * std::exp2((note - 57) / 12.0), row.hertz, 1e-3);
+    EXPECT_EQ(SoundBank::openStringFrequency(-1), 0.0);
+    EXPECT_EQ(SoundBank::openStringFrequency(SoundBank::kStringCount), 0.0);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Standard, GeneratedStrings,
     ::testing::Values(StringRow{0, "E4_.caf", 329.628}, StringRow{1, "B3_.caf", 246.942},
