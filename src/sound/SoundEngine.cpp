@@ -237,6 +237,14 @@ std::int64_t SoundEngine::streamPosition(const StreamRenderer* renderer) const {
     return stream == streams_.end() ? 0 : stream->second->position();
 }
 
+int SoundEngine::streamUnderruns() const {
+    std::lock_guard guard(streamMutex_);
+    int underruns = 0;
+    for (const auto& [renderer, voice] : streams_)
+        underruns += voice->underruns();
+    return underruns;
+}
+
 const std::vector<float>* SoundEngine::decodedSamples(int soundId) const {
     if (!al_->valid())
         return nullptr;

@@ -81,6 +81,9 @@ public:
     int streamSampleRate() const { return kSampleRate; }
     // Frame of the renderer's stream being heard now; 0 when it does not stream.
     std::int64_t streamPosition(const StreamRenderer* renderer) const;
+    // Times the running streams ran dry and restarted after a silence that
+    // the device played in their place.
+    int streamUnderruns() const;
 
     // The loaded sound's samples, mono at streamSampleRate(); nullptr when the
     // id has no buffer. Valid until that id is unloaded or loaded again.

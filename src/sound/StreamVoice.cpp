@@ -100,8 +100,10 @@ void StreamVoice::run() {
             // After an underrun the source has stopped; the refilled queue restarts it.
             ALint state = 0;
             alGetSourcei(source_, AL_SOURCE_STATE, &state);
-            if (state != AL_PLAYING)
+            if (state != AL_PLAYING) {
+                underruns_.fetch_add(1, std::memory_order_relaxed);
                 alSourcePlay(source_);
+            }
         }
         stopLock.lock();
         stopWake_.wait_for(stopLock, pause, [this] { return stopRequested_; });

@@ -32,6 +32,9 @@ public:
     bool valid() const { return source_ != 0; }
     // Stream frame being heard now (frames since the start).
     std::int64_t position() const;
+    // How often the source ran dry and was started again: each time, the
+    // device played silence that is not part of the stream.
+    int underruns() const { return underruns_.load(std::memory_order_relaxed); }
 
 private:
     void run();
@@ -46,6 +49,7 @@ private:
     std::vector<float> block_;
     std::int64_t nextFrame_ = 0;            // stream thread only
     std::atomic<std::int64_t> retired_{0};  // frames of buffers taken back from the source
+    std::atomic<int> underruns_{0};
 
     std::mutex stopMutex_;
     std::condition_variable stopWake_;

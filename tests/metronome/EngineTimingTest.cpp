@@ -33,8 +33,9 @@ TEST_P(BeatIntervals, EveryBeatLandsOnItsSample) {
     const double period = 60.0 * kRate / c.playedBpm;
     for (int k = 1; k <= beats; ++k) {
         EXPECT_EQ(onsets[k - 1].frame, idealFrame(k, 1, c.playedBpm)) << "beat " << k;
-        if (k > 1)
+        if (k > 1) {
             EXPECT_NEAR(double(onsets[k - 1].frame - onsets[k - 2].frame), period, 1.0) << k;
+        }
     }
 }
 
