@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 BUILD_DIR := build/default
 ASAN_DIR := build/asan
 
-.PHONY: all deps build run screenshots test test-asan bench format-check package package-check clean
+.PHONY: all deps build run screenshots test test-asan bench mutate format-check package package-check clean
 
 all: build
 
@@ -53,6 +53,12 @@ package-check: deps
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+
+# Plants the slips of tools/mutations.txt one at a time and reports which the
+# tests catch (tens of minutes; not part of CI). MUTATE_ARGS e.g. "--sample 30".
+mutate: deps
+	@cmake --preset default >/dev/null
+	@python3 tools/mutate.py $(MUTATE_ARGS)
 
 clean:
 	rm -rf build
