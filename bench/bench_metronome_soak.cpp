@@ -131,6 +131,7 @@ int main(int argc, char** argv) {
     auto nextChange = begin + std::chrono::seconds(3);
     Clock::time_point showAt{};
     long changes = 0, hides = 0, releases = 0;
+    bool released = false;
     int underruns = 0, bpm = core.setup().beatsPerMinute();
     const Usage atStart = usage();
     long peakAfterFirstMinute = 0;
@@ -141,8 +142,10 @@ int main(int argc, char** argv) {
         while (auto beat = player.engine().takeRenderedBeat())
             grid.beat(beat->frame, bpm);
         if (showAt != Clock::time_point{}) {
-            if (!core.isPlaying() && player.releaseWhenSilent())
+            if (!released && !core.isPlaying() && player.releaseWhenSilent()) {
+                released = true;
                 ++releases;
+            }
             if (now >= showAt) {
                 core.runMetronome();
                 showAt = {};
@@ -172,6 +175,7 @@ int main(int argc, char** argv) {
                 underruns += sound.streamUnderruns();
                 core.endMetronome();
                 showAt = now + std::chrono::milliseconds(pick(500, 2000));
+                released = false;
                 ++hides;
                 break;
         }
