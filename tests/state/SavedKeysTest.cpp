@@ -1,0 +1,31 @@
+// Saved numbers are read back at both ends of their ranges and fall back to
+// their defaults one step outside, key by key.
+#include <gtest/gtest.h>
+
+#include "framework/Log.h"
+#include "state/StateKeys.h"
+
+using namespace zt;
+
+TEST(SavedKeyRanges, BothEndsReadBackAndOneStepOutsideFallsBack) {
+    namespace s = state;
+    const struct {
+        const s::IntKey& key;
+        int fallback, min, max;
+    } rows[] = {
+        {s::metronome::kPackNumber, 1, 1, 5},   {s::metronome::kTimeSig1Value, 2, 1, 16},
+        {s::metronome::kNotesPerBeat, 1, 1, 6}, {s::metronome::kBPM, 60, 0, 220},
+        {s::common::kTuning, 0, 0, 52},         {s::kSelectedViewController, 0, 0, 3},
+        {s::chromatic::kBaseIndex, 9, 0, 11},
+    };
+    setLogQuiet(true);
+    for (const auto& r : rows) {
+        const char* name = r.key.name;
+        EXPECT_EQ(s::read(Dictionary{}, r.key), r.fallback) << name;
+        EXPECT_EQ(s::read(Dictionary{{name, r.min}}, r.key), r.min) << name;
+        EXPECT_EQ(s::read(Dictionary{{name, r.max}}, r.key), r.max) << name;
+        EXPECT_EQ(s::read(Dictionary{{name, r.min - 1}}, r.key), r.fallback) << name;
+        EXPECT_EQ(s::read(Dictionary{{name, r.max + 1}}, r.key), r.fallback) << name;
+    }
+    setLogQuiet(false);
+}
