@@ -44,16 +44,18 @@ Usage usage() {
     return {seconds(u.ru_utime) + seconds(u.ru_stime), u.ru_maxrss};
 }
 
-// Beats of one run sit at start + k * 60 * rate / bpm, rounded; a beat that
-// does not follow its run's period starts a new run (a restart). A restart
-// that keeps the period continues the run from a rounded frame, so up to one
-// sample of error is exact timing; more would be drift.
+// Beats of one run sit at start + k * 60 * rate / bpm, rounded. A run is
+// measured from the first beat taken after a restart was asked for, or from
+// a beat that does not follow the period. A restart that keeps the period
+// begins its grid at the last beat of the old run, itself rounded, so up to
+// one sample of error is exact timing; more would be drift.
 class GridCheck {
 public:
     explicit GridCheck(int rate) : rate_(rate) {}
+    void restarted() { anchorNext_ = true; }
     void beat(std::int64_t frame, int bpm) {
         const double period = 60.0 * rate_ / bpm;
-        if (count_ > 0 && std::abs(double(frame - last_) - period_) <= 1.0) {
+        if (!anchorNext_ && count_ > 0 && std::abs(double(frame - last_) - period_) <= 1.0) {
             ++k_;
             worst_ = std::max(worst_, std::abs(double(frame - start_) - k_ * period_));
         } else {
@@ -61,6 +63,7 @@ public:
             start_ = frame;
             period_ = period;
             k_ = 0;
+            anchorNext_ = false;
         }
         last_ = frame;
         ++count_;
@@ -74,6 +77,7 @@ private:
     long count_ = 0, runs_ = 0;
     std::int64_t start_ = 0, last_ = 0, k_ = 0;
     double period_ = 0.0, worst_ = 0.0;
+    bool anchorNext_ = false;
 };
 
 }  // namespace
@@ -148,6 +152,7 @@ int main(int argc, char** argv) {
             }
             if (now >= showAt) {
                 core.runMetronome();
+                grid.restarted();
                 showAt = {};
             }
             continue;
@@ -156,7 +161,9 @@ int main(int argc, char** argv) {
             continue;
         nextChange = now + std::chrono::milliseconds(pick(2000, 5000));
         ++changes;
-        switch (pick(0, 5)) {
+        const int change = pick(0, 5);
+        const bool packOnly = change == 4;  // every other change restarts
+        switch (change) {
             case 0:
             case 1:
                 core.selectRow(pick(0, 220));
@@ -179,6 +186,8 @@ int main(int argc, char** argv) {
                 ++hides;
                 break;
         }
+        if (!packOnly)
+            grid.restarted();
         bpm = core.setup().beatsPerMinute();
         if (peakAfterFirstMinute == 0 && now - begin > std::chrono::minutes(1))
             peakAfterFirstMinute = usage().peakKiB;
