@@ -132,6 +132,7 @@ def run_program(build_dir, name, work):
     out = work / f"{name}.json"
     out.unlink(missing_ok=True)
     env = dict(os.environ, ZEBTOOLS_RESOURCE_DIR=str(ROOT / "data"))
+    env.setdefault("QT_QPA_PLATFORM", "offscreen")
     try:
         subprocess.run([str(program_path(build_dir, name)), f"--gtest_filter=-{EXCLUDED}",
                         f"--gtest_output=json:{out}"], cwd=work, env=env,
