@@ -251,6 +251,10 @@ def main():
         restorer.restore()
         if dirty := uncommitted(files):
             print("WARNING: files differ from the commit after the run:\n" + dirty)
+        # The programs were last built from a mutated file: build them again
+        # from the restored sources, so that no mutated program is left behind.
+        if not build(build_dir, programs)[0]:
+            print("WARNING: the test programs did not build again after the run")
 
     judged = [r for r in rows if r[1] in ("caught", "MISSED")]
     caught = sum(r[1] == "caught" for r in judged)
