@@ -6,18 +6,13 @@
 //   A and Am picked (whole chords), the five strings of a drag across A
 //   minor one by one, Dm and D picked in Drop D, D major's 6th string.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "sound/SoundTesting.h"
+#include "AppListening.h"
 
 namespace {
 
@@ -81,27 +76,11 @@ std::vector<std::size_t> onsets(const Recording& r, const Section& s) {
 class ChordsInTheApp : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        const auto dir = scratchPath("chords-app");
-        std::filesystem::create_directories(dir);
-        const auto config = dir / "alsoft.conf";
-        const auto wave = dir / "out.wav";
-        const auto log = dir / "log";
-        std::ofstream(config) << "[general]\nchannels = mono\nfrequency = 44100\n"
-                                 "sample-type = float32\nhrtf = false\n[wave]\nfile = "
-                              << wave.string() << "\n";
-        ::setenv("ALSOFT_CONF", config.c_str(), 1);
-        ::setenv("ALSOFT_DRIVERS", "wave", 1);
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        ::setenv("QT_QUICK_BACKEND", "software", 1);
-        const std::string command = std::string("\"") + ZT_QML_APP + "\" -input \"" +
-                                    ZT_STRUM_TEST + "\" > \"" + log.string() + "\" 2>&1";
-        status_ = std::system(command.c_str());
-        std::ostringstream text;
-        text << std::ifstream(log).rdbuf();
-        log_ = text.str();
-        recording_ = readSound(wave);
+        AppRun run = runAppListening(ZT_QML_APP, ZT_STRUM_TEST, "chords-app");
+        status_ = run.status;
+        log_ = std::move(run.log);
+        recording_ = std::move(run.recording);
         sections_ = sections(recording_);
-        std::filesystem::remove_all(dir);
     }
 
     // The single note of a section: its frequency, measured near `hertz`.

@@ -1,0 +1,79 @@
+// The by-ear tuner in the real program, listened to: tst_brain_drop_d.qml
+// chooses Drop D and touches the 6th string while openal-soft's wave-file
+// backend writes what the program plays to a file; here the file must hold
+// one tone whose fundamental is D2.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "AppListening.h"
+
+namespace {
+
+using namespace zt::testing;
+
+constexpr double kD2 = 73.4162;
+constexpr double kE2 = 82.4069;
+
+class BrainInTheApp : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        AppRun run = runAppListening(ZT_QML_APP, ZT_BRAIN_TEST, "brain-app");
+        status_ = run.status;
+        log_ = std::move(run.log);
+        recording_ = std::move(run.recording);
+    }
+
+    // The first sample above silence.
+    static std::size_t onset() {
+        for (std::size_t i = 0; i < recording_.samples.size(); ++i) {
+            if (std::abs(recording_.samples[i]) > 1e-4f)
+                return i;
+        }
+        return recording_.samples.size();
+    }
+
+    static inline int status_ = -1;
+    static inline std::string log_;
+    static inline Recording recording_;
+};
+
+// The fundamental of a string's tone: the strongest peak of the spectrum
+// between 40 and 400 Hz (a low string's second partial may outdo its
+// first), then the lowest of its whole fractions that is itself a real
+// partial, refined to a hundred-thousandth of a hertz.
+double fundamental(std::span<const float> tone, int rate) {
+    double peak = 0.0, peakLevel = 0.0;
+    for (double hertz = 40.0; hertz <= 400.0; hertz += 0.25) {
+        if (const double level = hannSpectrum(tone, rate, hertz); level > peakLevel) {
+            peakLevel = level;
+            peak = hertz;
+        }
+    }
+    double lowest = toneFrequency(tone, rate, peak);
+    for (int k = 2; k <= 5; ++k) {
+        const double candidate = toneFrequency(tone, rate, lowest / k);
+        if (std::abs(cents(candidate * k, lowest)) < 20.0 &&
+            hannSpectrum(tone, rate, candidate) > 0.1 * peakLevel)
+            lowest = candidate;
+    }
+    return lowest;
+}
+
+TEST_F(BrainInTheApp, InDropDTheSixthStringSoundsD2WithinACent) {
+    ASSERT_EQ(status_, 0) << log_;
+    ASSERT_EQ(recording_.rate, 44100);
+    const std::size_t start = onset();
+    ASSERT_LT(start, recording_.samples.size()) << "the program played nothing";
+    // Two seconds of the ringing string, past the pluck.
+    const auto tone = recording_.window(start, 0.1, 2.1);
+    ASSERT_GT(tone.size(), 80000u);
+    const double measured = fundamental(tone, recording_.rate);
+    EXPECT_LT(std::abs(cents(measured, kD2)), 1.0) << measured << " Hz";
+    // Not the recording's own E2 sounding beside it.
+    EXPECT_LT(toneAmplitude(tone, recording_.rate, kE2),
+              0.05 * toneAmplitude(tone, recording_.rate, measured));
+}
+
+}  // namespace
