@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
 #include <string>
 
 #include "AppListening.h"
@@ -70,6 +71,8 @@ TEST_F(BrainInTheApp, InDropDTheSixthStringSoundsD2WithinACent) {
     const auto tone = recording_.window(start, 0.1, 2.1);
     ASSERT_GT(tone.size(), 80000u);
     const double measured = fundamental(tone, recording_.rate);
+    std::printf("6th string in Drop D: %.4f Hz, %+.3f cents from D2\n", measured,
+                cents(measured, kD2));
     EXPECT_LT(std::abs(cents(measured, kD2)), 1.0) << measured << " Hz";
     // Not the recording's own E2 sounding beside it.
     EXPECT_LT(toneAmplitude(tone, recording_.rate, kE2),

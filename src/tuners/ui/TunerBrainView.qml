@@ -35,15 +35,22 @@ Rectangle {
         }
     }
 
+    // The panels are drawn under their contents, not around them: a
+    // rounded box is a layer under the software renderer, and whatever it
+    // holds would be drawn again with it.
     RoundedBox {
+        anchors.fill: header
+        radius: 14
+        color: Theme.panel
+        border.color: Theme.separator
+    }
+
+    Item {
         id: header
         x: Math.round((view.width - width) / 2)
         y: 10
         width: view.columnWidth
         height: Math.round(66 * view.unit)
-        radius: 14
-        color: Theme.panel
-        border.color: Theme.separator
 
         Column {
             x: 16
@@ -90,15 +97,19 @@ Rectangle {
     }
 
     RoundedBox {
+        anchors.fill: stage
+        radius: 14
+        color: "#0B0B0B"
+        border.color: Theme.separator
+    }
+
+    Item {
         id: stage
         objectName: "stage"
         x: header.x
         y: header.y + header.height + 10
         width: view.columnWidth
         height: view.height - y - 10
-        radius: 14
-        color: "#0B0B0B"
-        border.color: Theme.separator
 
         readonly property real nutY: Math.round(18 * view.unit)
         readonly property real stringWidth: (width - 16) / 6
