@@ -87,17 +87,5 @@ TEST_F(StringTonesTest, ALoopedToneGoesOnUntilItsStringIsStoppedAtTheNextBlock) 
     EXPECT_EQ(tones.silentFrom(), static_cast<std::int64_t>(stoppedAt + kBlock));
 }
 
-TEST_F(StringTonesTest, StringsRingTogetherAndStoppingOneLeavesTheOthers) {
-    tones.play(1, 0, true);
-    tones.play(2, 12, true);
-    render(0.2);
-    tones.stop(1);
-    out.clear();
-    render(0.3);
-    const std::span<const float> rest(out);
-    EXPECT_LT(toneAmplitude(rest, kRate, 100.0), 1e-3);
-    EXPECT_NEAR(toneAmplitude(rest, kRate, 200.0), StringTones::kGain, 0.01);
-}
-
 }  // namespace
 }  // namespace zt

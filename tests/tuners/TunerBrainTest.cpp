@@ -24,8 +24,7 @@ using Calls = std::vector<std::string>;
 struct SentRecorder : Mediator {
     explicit SentRecorder(Calls& sent) : Mediator("SentRecorder"), sent(sent) {}
     std::vector<std::string> listNotificationInterests() const override {
-        return {"StopMusic", "StartMusic", "StopMetronome", "ShowTunerBrainSettings",
-                "ShowTunerBrainTuning"};
+        return {"StopMusic", "StartMusic", "StopMetronome"};
     }
     void handleNotification(const Notification& n) override { sent.push_back(n.name()); }
     Calls& sent;
@@ -203,17 +202,6 @@ TEST_F(TunerBrainTest, AppearingPausesMusicAndMetronomeLeavingSilencesAndResumes
     brain_.viewDidDisappear();
     brain_.viewDidDisappear();
     EXPECT_EQ(sent, Calls{"StartMusic"});
-}
-
-TEST_F(TunerBrainTest, TheGearAndTheTuningsRowLeadToTheirScreens) {
-    start();
-    sent.clear();
-    brain_.clickSettingsButton();
-    settings.viewWillAppear();
-    EXPECT_EQ(settings.nameOfTuning(), "Standard");
-    for (int row = 0; row < 3; ++row)
-        settings.selectRow(row);
-    EXPECT_EQ(sent, (Calls{"ShowTunerBrainSettings", "ShowTunerBrainTuning"}));
 }
 
 struct SavedLoopCase {
