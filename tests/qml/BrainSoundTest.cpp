@@ -20,7 +20,7 @@ constexpr double kE2 = 82.4069;
 class BrainInTheApp : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        AppRun run = runAppListening(ZT_QML_APP, ZT_BRAIN_TEST, "brain-app");
+        AppRun run = runAppListening(ZT_QML_APP, ZT_QML_TEST, "brain-app");
         status_ = run.status;
         log_ = std::move(run.log);
         recording_ = std::move(run.recording);

@@ -76,7 +76,7 @@ std::vector<std::size_t> onsets(const Recording& r, const Section& s) {
 class ChordsInTheApp : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        AppRun run = runAppListening(ZT_QML_APP, ZT_STRUM_TEST, "chords-app");
+        AppRun run = runAppListening(ZT_QML_APP, ZT_QML_TEST, "chords-app");
         status_ = run.status;
         log_ = std::move(run.log);
         recording_ = std::move(run.recording);
