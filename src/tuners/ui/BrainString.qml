@@ -46,19 +46,15 @@ Item {
         easing.type: Easing.InQuad
     }
 
-    // The string itself, with a darker edge so that it reads as round.
+    // The string itself: solid, so that the thinnest stays visible however
+    // the window is scaled.
     Rectangle {
         id: line
-        x: (string.width - width) / 2
+        x: Math.round((string.width - width) / 2)
         y: string.nutY
         width: string.thickness
         height: discItem.y - y + string.disc / 2
-        gradient: Gradient {
-            orientation: Gradient.Horizontal
-            GradientStop { position: 0.0; color: string.wound ? "#6E5A3A" : "#7A7A7A" }
-            GradientStop { position: 0.45; color: string.wound ? "#D9BE8C" : "#F0F0F0" }
-            GradientStop { position: 1.0; color: string.wound ? "#6E5A3A" : "#7A7A7A" }
-        }
+        color: string.wound ? "#C9AE7E" : "#E4E4E4"
     }
 
     Item {

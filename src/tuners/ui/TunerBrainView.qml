@@ -139,7 +139,7 @@ Rectangle {
                 height: stage.height - 8
                 nutY: stage.nutY
                 disc: stage.disc
-                thickness: Math.max(1, Math.round((1 + view.gauges[number - 1] / 12) * view.unit))
+                thickness: Math.round((2 + view.gauges[number - 1] / 10) * view.unit)
             }
         }
     }
