@@ -59,6 +59,7 @@ Item {
 
     Item {
         id: glow
+        objectName: "glow" + string.number
         anchors.fill: parent
         opacity: 0
 

@@ -6,7 +6,7 @@ import ZebToolsTest
 // A guitarist on the by-ear tuner of the real program, whose sound goes to
 // a file (BrainSoundTest.cpp starts this and listens to the file): Drop D
 // chosen through the gear, the settings and the tunings list, then the 6th
-// string touched once and left to ring out. The recording holds that one
+// string touched once, its highlight fading, and left to ring out. The recording holds that one
 // tone and nothing else.
 Item {
     id: root
@@ -60,8 +60,15 @@ Item {
 
             tap(find("string6"))
             compare(brain.highlights[5], TunerBrain.Fading)
+            // Lit, fading with an ease-in: three quarters at half time, out
+            // at 2.2 s (give or take a busy machine's frames).
+            const glow = find("glow6")
+            wait(1100)
+            verify(glow.opacity > 0.55 && glow.opacity < 0.9, "half way: " + glow.opacity)
+            wait(1300)
+            compare(glow.opacity, 0)
             // The low E recording, a tone lower, takes longer to ring out.
-            wait(6000)
+            wait(3600)
         }
     }
 }
