@@ -10,6 +10,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "sound/SoundTesting.h"
 
@@ -47,6 +48,31 @@ inline AppRun runAppListening(const std::string& app, const std::string& qmlTest
     run.recording = readSound(wave);
     std::filesystem::remove_all(dir);
     return run;
+}
+
+struct Section {
+    std::size_t start = 0;  // first sample above the silence threshold
+    std::size_t end = 0;    // past the last
+};
+
+inline constexpr float kSilence = 1e-4f;
+
+// Runs of sound separated by at least `gapSeconds` of silence.
+inline std::vector<Section> sections(const Recording& r, double gapSeconds = 0.25) {
+    std::vector<Section> found;
+    const auto gap = static_cast<std::size_t>(gapSeconds * r.rate);
+    std::size_t quiet = gap;
+    for (std::size_t i = 0; i < r.samples.size(); ++i) {
+        if (std::abs(r.samples[i]) <= kSilence) {
+            ++quiet;
+            continue;
+        }
+        if (quiet >= gap)
+            found.push_back({i, i + 1});
+        found.back().end = i + 1;
+        quiet = 0;
+    }
+    return found;
 }
 
 }  // namespace zt::testing

@@ -18,31 +18,6 @@ namespace {
 
 using namespace zt::testing;
 
-struct Section {
-    std::size_t start = 0;  // first sample above the silence threshold
-    std::size_t end = 0;    // past the last
-};
-
-constexpr float kSilence = 1e-4f;
-
-// Runs of sound separated by at least a quarter second of silence.
-std::vector<Section> sections(const Recording& r) {
-    std::vector<Section> found;
-    const auto gap = static_cast<std::size_t>(0.25 * r.rate);
-    std::size_t quiet = gap;
-    for (std::size_t i = 0; i < r.samples.size(); ++i) {
-        if (std::abs(r.samples[i]) <= kSilence) {
-            ++quiet;
-            continue;
-        }
-        if (quiet >= gap)
-            found.push_back({i, i + 1});
-        found.back().end = i + 1;
-        quiet = 0;
-    }
-    return found;
-}
-
 // Where strings start within the first 0.35 s of a section: the first
 // sample, then each millisecond whose high-frequency energy (the second
 // difference of the samples) is four times the mean of the 10 ms before

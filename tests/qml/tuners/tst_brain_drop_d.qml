@@ -69,6 +69,21 @@ Item {
             compare(glow.opacity, 0)
             // The low E recording, a tone lower, takes longer to ring out.
             wait(3600)
+
+            // Loop on: the 5th string sounds until it is touched again,
+            // longer than its recording lasts.
+            tap(find("settingsButton"))
+            settle(2)
+            tap(find("loopSwitch"))
+            verify(brain.loopSound)
+            App.tools.goBack(2)
+            settle(1)
+            tap(find("string5"))
+            verify(brain.highlights[4] === TunerBrain.Held && find("loopMark5").opacity === 1)
+            wait(7000)
+            tap(find("string5"))
+            compare(brain.highlights[4], TunerBrain.Hidden)
+            wait(500)
         }
     }
 }
