@@ -120,14 +120,6 @@ INSTANTIATE_TEST_SUITE_P(
         TuningCase{99, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}}),
     [](const auto& info) { return "Tuning" + std::to_string(info.param.index); });
 
-TEST_F(TunerBrainTest, ATuningChosenElsewhereIsTakenWhenTheScreenIsShownAgain) {
-    start();
-    Facade::getInstance().retrieveProxyAs<SettingsProxy>(SettingsProxy::NAME)->setTuning(27);
-    brain_.viewWillAppear();
-    EXPECT_EQ(brain_.offset(6), -2);
-    EXPECT_EQ(brain_.noteNames()[5], "D");
-}
-
 TEST_F(TunerBrainTest, WithLoopOnlyTheLastStringTouchedSoundsAndTouchingItAgainSilencesIt) {
     start({{"Loop", true}});
     ASSERT_TRUE(brain_.loopSound());
