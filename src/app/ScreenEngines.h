@@ -8,6 +8,7 @@ namespace zt {
 
 class ChordOutput;
 class MetronomeOutput;
+class StringToneOutput;
 class TickClock;
 
 struct ScreenEngines {
@@ -15,6 +16,8 @@ struct ScreenEngines {
     const TickClock& clock;
     // The chords tool's strings.
     ChordOutput& chords;
+    // The by-ear tuner's strings.
+    StringToneOutput& brain;
 };
 
 }  // namespace zt

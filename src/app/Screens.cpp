@@ -13,6 +13,10 @@
 #include "metronome/ui/MetronomeSettingsMediator.h"
 #include "tuners/ui/CommonSettings.h"
 #include "tuners/ui/CommonSettingsMediator.h"
+#include "tuners/ui/TunerBrain.h"
+#include "tuners/ui/TunerBrainMediator.h"
+#include "tuners/ui/TunerBrainSettings.h"
+#include "tuners/ui/TunerBrainSettingsMediator.h"
 
 namespace zt {
 
@@ -44,6 +48,14 @@ Screen* makeChordsLibrarySettings(const Tools& shell, const ScreenEngines&) {
     return new ChordsLibrarySettings(shell.screenAs<ChordsLibrary>("chordsLibrary"));
 }
 
+Screen* makeTunerBrain(const Tools&, const ScreenEngines& engines) {
+    return new TunerBrain(engines.brain);
+}
+
+Screen* makeTunerBrainSettings(const Tools& shell, const ScreenEngines&) {
+    return new TunerBrainSettings(shell.screenAs<TunerBrain>("tunerBrain"));
+}
+
 constexpr const char* kPlaceholder = "app/PlaceholderView.qml";
 
 }  // namespace
@@ -62,10 +74,10 @@ const std::vector<ScreenRow>& screenTable() {
          mediate<CommonSettingsMediator>, "tuners/ui/CommonSettingsView.qml", false},
         {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<PlaceholderScreen>, nullptr,
          kPlaceholder, true},
-        {"tunerBrain", "Brain Tuner", BrainTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
-         true},
-        {"tunerBrainSettings", "Settings", BrainTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
-         false},
+        {"tunerBrain", "Brain Tuner", BrainTab, makeTunerBrain, mediate<TunerBrainMediator>,
+         "tuners/ui/TunerBrainView.qml", false},
+        {"tunerBrainSettings", "Settings", BrainTab, makeTunerBrainSettings,
+         mediate<TunerBrainSettingsMediator>, "tuners/ui/TunerBrainSettingsView.qml", false},
         {"tunerChromaticSettings", "Settings", ChromaticTab, make<PlaceholderScreen>, nullptr,
          kPlaceholder, false},
         {"tunerChromaticTaper", "Tapering functions", ChromaticTab, make<PlaceholderScreen>,

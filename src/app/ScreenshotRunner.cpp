@@ -39,8 +39,8 @@ void ScreenshotRunner::grab(const QString& name) {
 
 void ScreenshotRunner::step() {
     // Each step captures what the previous one put on screen, then shows the
-    // next thing: the four tools, the tunings list, the metronome and the
-    // chords settings.
+    // next thing: the four tools, the tunings list, the metronome, the
+    // chords and the by-ear tuner's settings.
     const int tools = static_cast<int>(toolFiles_.size());
     if (step_ < tools) {
         if (step_ > 0)
@@ -60,9 +60,14 @@ void ScreenshotRunner::step() {
         tools_->goBack(0);
         tools_->previewTab(3);
         tools_->show(QStringLiteral("chordsLibrarySettings"));
-    } else {
+    } else if (step_ == tools + 3) {
         grab("chords-settings");
         tools_->goBack(3);
+        tools_->previewTab(2);
+        tools_->show(QStringLiteral("tunerBrainSettings"));
+    } else {
+        grab("brain-tuner-settings");
+        tools_->goBack(2);
         for (const QString& path : std::as_const(written_))
             std::printf("%s\n", qPrintable(path));
         std::fflush(stdout);

@@ -13,6 +13,7 @@
 #include "metronome/MetronomePlayer.h"
 #include "metronome/ui/Metronome.h"
 #include "sound/SoundEngine.h"
+#include "tuners/StringTonePlayer.h"
 
 namespace zt {
 
@@ -34,7 +35,9 @@ void ZebToolsAppDelegate::launch(std::optional<ScreenEngines> engines) {
     if (!engines) {
         metronomePlayer_ = std::make_unique<MetronomePlayer>(SoundEngine::shared());
         chordPlayer_ = std::make_unique<ChordPlayer>(SoundEngine::shared());
-        engines.emplace(ScreenEngines{*metronomePlayer_, steadyTickClock(), *chordPlayer_});
+        tonePlayer_ = std::make_unique<StringTonePlayer>(SoundEngine::shared());
+        engines.emplace(
+            ScreenEngines{*metronomePlayer_, steadyTickClock(), *chordPlayer_, *tonePlayer_});
     }
     tools_ = std::make_unique<Tools>(*engines);
     tools_->setAnalytics(&analytics_);

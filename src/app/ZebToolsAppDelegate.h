@@ -17,6 +17,7 @@ namespace zt {
 class ChordPlayer;
 class Metronome;
 class MetronomePlayer;
+class StringTonePlayer;
 class Tools;
 
 class ZebToolsAppDelegate : public QObject {
@@ -61,11 +62,12 @@ private:
     AnalyticsLog analytics_;
     ScreenSaverInhibitor screenSaver_;
     Qt::ApplicationState lastState_ = Qt::ApplicationActive;
-    // The metronome and the chords' strings on the sound card, when no
+    // The metronome, the chords' strings and the by-ear tuner's on the sound card, when no
     // engines were given. Declared before the shell, whose screens play
     // through them.
     std::unique_ptr<MetronomePlayer> metronomePlayer_;
     std::unique_ptr<ChordPlayer> chordPlayer_;
+    std::unique_ptr<StringTonePlayer> tonePlayer_;
     std::unique_ptr<Tools> tools_;
 };
 

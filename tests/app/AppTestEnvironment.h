@@ -17,6 +17,7 @@
 #include "framework/ManualLoop.h"
 #include "framework/TickClock.h"
 #include "metronome/RecordingOutput.h"
+#include "tuners/RecordingToneOutput.h"
 
 class AppTestEnvironment : public ::testing::Test {
 protected:
@@ -50,5 +51,6 @@ protected:
     zt::test::RecordingOutput output_;
     zt::ManualTickClock clock_;
     zt::test::RecordingChordOutput chords_;
-    zt::ScreenEngines engines_{output_, clock_, chords_};
+    zt::test::RecordingToneOutput tones_;
+    zt::ScreenEngines engines_{output_, clock_, chords_, tones_};
 };

@@ -6,47 +6,17 @@
 //   A and Am picked (whole chords), the five strings of a drag across A
 //   minor one by one, Dm and D picked in Drop D, D major's 6th string.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "sound/SoundTesting.h"
+#include "AppListening.h"
 
 namespace {
 
 using namespace zt::testing;
-
-struct Section {
-    std::size_t start = 0;  // first sample above the silence threshold
-    std::size_t end = 0;    // past the last
-};
-
-constexpr float kSilence = 1e-4f;
-
-// Runs of sound separated by at least a quarter second of silence.
-std::vector<Section> sections(const Recording& r) {
-    std::vector<Section> found;
-    const auto gap = static_cast<std::size_t>(0.25 * r.rate);
-    std::size_t quiet = gap;
-    for (std::size_t i = 0; i < r.samples.size(); ++i) {
-        if (std::abs(r.samples[i]) <= kSilence) {
-            ++quiet;
-            continue;
-        }
-        if (quiet >= gap)
-            found.push_back({i, i + 1});
-        found.back().end = i + 1;
-        quiet = 0;
-    }
-    return found;
-}
 
 // Where strings start within the first 0.35 s of a section: the first
 // sample, then each millisecond whose high-frequency energy (the second
@@ -81,27 +51,11 @@ std::vector<std::size_t> onsets(const Recording& r, const Section& s) {
 class ChordsInTheApp : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        const auto dir = scratchPath("chords-app");
-        std::filesystem::create_directories(dir);
-        const auto config = dir / "alsoft.conf";
-        const auto wave = dir / "out.wav";
-        const auto log = dir / "log";
-        std::ofstream(config) << "[general]\nchannels = mono\nfrequency = 44100\n"
-                                 "sample-type = float32\nhrtf = false\n[wave]\nfile = "
-                              << wave.string() << "\n";
-        ::setenv("ALSOFT_CONF", config.c_str(), 1);
-        ::setenv("ALSOFT_DRIVERS", "wave", 1);
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        ::setenv("QT_QUICK_BACKEND", "software", 1);
-        const std::string command = std::string("\"") + ZT_QML_APP + "\" -input \"" +
-                                    ZT_STRUM_TEST + "\" > \"" + log.string() + "\" 2>&1";
-        status_ = std::system(command.c_str());
-        std::ostringstream text;
-        text << std::ifstream(log).rdbuf();
-        log_ = text.str();
-        recording_ = readSound(wave);
+        AppRun run = runAppListening(ZT_QML_APP, ZT_QML_TEST, "chords-app");
+        status_ = run.status;
+        log_ = std::move(run.log);
+        recording_ = std::move(run.recording);
         sections_ = sections(recording_);
-        std::filesystem::remove_all(dir);
     }
 
     // The single note of a section: its frequency, measured near `hertz`.

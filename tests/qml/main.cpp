@@ -10,6 +10,7 @@
 #include "chords/RecordingChordOutput.h"
 #include "framework/TickClock.h"
 #include "metronome/RecordingOutput.h"
+#include "tuners/RecordingToneOutput.h"
 
 Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)
 
@@ -22,7 +23,8 @@ public slots:
         static zt::test::RecordingOutput output;
         static zt::ManualTickClock clock;
         static zt::test::RecordingChordOutput chords;
-        auto* tools = new zt::Tools(zt::ScreenEngines{output, clock, chords}, engine);
+        static zt::test::RecordingToneOutput tones;
+        auto* tools = new zt::Tools(zt::ScreenEngines{output, clock, chords, tones}, engine);
         tools->createTabBar(0);
         qmlRegisterSingletonInstance("ZebToolsTest", 1, 0, "TestShell", tools);
     }
