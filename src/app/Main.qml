@@ -14,7 +14,6 @@ ApplicationWindow {
     height: 480
     minimumWidth: 240
     minimumHeight: 360
-    visible: true
     title: "ZebTools"
     color: Theme.background
 
@@ -58,5 +57,9 @@ ApplicationWindow {
             anchors.fill: parent
             visible: window.tools.loading
         }
+    }
+
+    DesktopShortcuts {
+        tools: window.tools
     }
 }

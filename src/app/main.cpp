@@ -17,6 +17,7 @@
 #include "app/QtMainLoop.h"
 #include "app/ScreenshotRunner.h"
 #include "app/Tools.h"
+#include "app/WindowPlacement.h"
 #include "app/ZebToolsAppDelegate.h"
 #include "framework/Log.h"
 #include "framework/Paths.h"
@@ -85,6 +86,17 @@ int main(int argc, char* argv[]) {
         if (size.size() == 2 && size[0].toInt() > 0 && size[1].toInt() > 0) {
             window->resize(size[0].toInt(), size[1].toInt());
         }
+    }
+    // A desktop session reopens the window where it was left. Runs without a
+    // display, and windows sized on the command line, neither read nor write
+    // that place.
+    if (headless || parser.isSet(screenshotOption) || parser.isSet(sizeOption)) {
+        window->show();
+    } else {
+        const auto path = zt::paths::dataDir() / "window.ini";
+        auto* placement =
+            new zt::WindowPlacement(window, QString::fromStdString(path.string()), &app);
+        placement->restoreAndShow();
     }
 
     auto whenLoaded = [tools](std::function<void()> action) {

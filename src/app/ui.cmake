@@ -10,10 +10,11 @@ list(APPEND ZT_UI_SOURCES
   app/AnalyticsLog.h app/AnalyticsLog.cpp app/QtMainLoop.h app/QtMainLoop.cpp
   app/MusicPlayer.h app/MusicPlayer.cpp app/ScreenSaverInhibitor.h app/ScreenSaverInhibitor.cpp
   app/ZebToolsAppDelegate.h app/ZebToolsAppDelegate.cpp
-  app/ScreenshotRunner.h app/ScreenshotRunner.cpp app/AppLog.h app/AppLog.cpp)
+  app/ScreenshotRunner.h app/ScreenshotRunner.cpp app/AppLog.h app/AppLog.cpp
+  app/WindowPlacement.h app/WindowPlacement.cpp)
 list(APPEND ZT_QML_FILES
   app/Theme.qml app/Main.qml app/ToolTabBar.qml app/ToolStack.qml app/ScreenPage.qml
-  app/PlaceholderView.qml app/LoadingCover.qml
+  app/PlaceholderView.qml app/LoadingCover.qml app/DesktopShortcuts.qml
   app/controls/Card.qml app/controls/CardRow.qml app/controls/CheckMark.qml
   app/controls/CircleButton.qml app/controls/NavBarButton.qml app/controls/RowBackground.qml
   app/controls/RoundedBox.qml app/controls/RowSeparator.qml app/controls/RowText.qml

@@ -57,4 +57,5 @@ for name in metronome chromatic-tuner brain-tuner chords tunings metronome-setti
     [ -s "$work/shots/$name.png" ] || fail "no screenshot $name.png"
 done
 echo "ok: screenshots rendered"
+[ ! -e "$ZEBTOOLS_DATA_DIR/window.ini" ] || fail "a run without a display wrote the window's place"
 echo "4 passed, 0 failed"

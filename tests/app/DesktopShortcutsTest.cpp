@@ -1,0 +1,116 @@
+// The keyboard against the real window: Ctrl+digit chooses a tool as a tap
+// on its tab does, and Ctrl+Q ends the session as closing the window does.
+#include <gtest/gtest.h>
+
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+#include <QSettings>
+#include <QTimer>
+#include <QtTest/QTest>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+#include "AppTestEnvironment.h"
+#include "app/Screens.h"
+#include "app/Tools.h"
+#include "app/WindowPlacement.h"
+#include "app/ZebToolsAppDelegate.h"
+#include "state/StateKeys.h"
+#include "state/StateProxy.h"
+#include "tuners/ui/CommonSettings.h"
+
+using namespace zt;
+
+namespace {
+
+class DesktopShortcutsTest : public AppTestEnvironment {
+protected:
+    void SetUp() override {
+        AppTestEnvironment::SetUp();
+        delegate_.launch(engines_);
+        ASSERT_TRUE(loop_.runUntil([&] { return !tools().loading(); }, std::chrono::seconds(20)));
+        engine_ = std::make_unique<QQmlApplicationEngine>();
+        engine_->addImportPath(QStringLiteral("qrc:/"));
+        engine_->setInitialProperties({{"tools", QVariant::fromValue(&tools())}});
+        engine_->load(QUrl(QStringLiteral("qrc:/ZebTools/app/Main.qml")));
+        ASSERT_FALSE(engine_->rootObjects().isEmpty());
+        window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().first());
+        ASSERT_TRUE(window_);
+        (new WindowPlacement(window_, windowFile(), window_))->restoreAndShow();
+        window_->requestActivate();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+    }
+    void TearDown() override {
+        engine_.reset();
+        AppTestEnvironment::TearDown();
+    }
+
+    Tools& tools() { return *delegate_.tools(); }
+    QString windowFile() const {
+        return QString::fromStdString((dataDir_ / "window.ini").string());
+    }
+    void press(Qt::Key key) { QTest::keyClick(window_, key, Qt::ControlModifier); }
+    std::string eventLog() const {
+        std::ifstream in(dataDir_ / "events.log");
+        std::stringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+
+    ZebToolsAppDelegate delegate_;
+    std::unique_ptr<QQmlApplicationEngine> engine_;
+    QQuickWindow* window_ = nullptr;
+};
+
+class DesktopQuitTest : public DesktopShortcutsTest,
+                        public ::testing::WithParamInterface<const char*> {};
+
+}  // namespace
+
+TEST_F(DesktopShortcutsTest, CtrlDigitChoosesTheToolAsATapOnItsTabDoes) {
+    const std::pair<Qt::Key, const char*> cases[] = {{Qt::Key_2, "Open_ChromaticTuner"},
+                                                     {Qt::Key_4, "Open_ChordsLibrary"},
+                                                     {Qt::Key_3, "Open_BrainTuner"},
+                                                     {Qt::Key_1, "Open_Metronome"}};
+    for (const auto& [key, event] : cases) {
+        const int tab = key - Qt::Key_1;
+        const size_t logged = eventLog().size();
+        press(key);
+        EXPECT_EQ(tools().currentTab(), tab) << event;
+        EXPECT_EQ(tools().selectedIndex(), tab) << event;
+        EXPECT_EQ(tools().visibleScreen(), QString::fromUtf8(toolTabs()[tab].root)) << event;
+        EXPECT_NE(eventLog().find(event, logged), std::string::npos) << event;
+    }
+}
+
+// What is set on screen, the chosen tab and the window's place are saved
+// whichever way the session ends.
+TEST_P(DesktopQuitTest, TheSessionEndsWithEverythingSaved) {
+    press(Qt::Key_2);
+    tools().openTunings(ChromaticTab);
+    tools().screenAs<CommonSettings>("commonSettings")->selectRow(28);
+    const QRect place(60, 50, 300, 450);
+    window_->setGeometry(place);
+    QTest::qWait(20);
+
+    const bool byKey = std::string(GetParam()) == "Ctrl+Q";
+    QTimer::singleShot(0, window_, [&] {
+        if (byKey)
+            press(Qt::Key_Q);
+        else
+            window_->close();
+    });
+    QTimer guard;
+    QObject::connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(1); });
+    guard.start(10000);
+    ASSERT_EQ(QCoreApplication::exec(), 0) << "the application did not quit";
+
+    auto state = makeProxy<StateProxy>();
+    EXPECT_EQ(state::read(*state->getCommonData(), state::common::kTuning), 27);
+    EXPECT_EQ(state->getSelectedViewController(), ChromaticTab);
+    EXPECT_EQ(QSettings(windowFile(), QSettings::IniFormat).value("Window/geometry").toRect(),
+              place);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, DesktopQuitTest, ::testing::Values("Ctrl+Q", "close"));
