@@ -13,6 +13,8 @@
 #include "metronome/ui/MetronomeSettingsMediator.h"
 #include "tuners/ui/CommonSettings.h"
 #include "tuners/ui/CommonSettingsMediator.h"
+#include "tuners/ui/TunerChromatic.h"
+#include "tuners/ui/TunerChromaticMediator.h"
 
 namespace zt {
 
@@ -60,8 +62,8 @@ const std::vector<ScreenRow>& screenTable() {
          mediate<ChordsLibrarySettingsMediator>, "chords/ui/ChordsLibrarySettingsView.qml", false},
         {"commonSettings", "Tunings", kAnyTab, make<CommonSettings>,
          mediate<CommonSettingsMediator>, "tuners/ui/CommonSettingsView.qml", false},
-        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<PlaceholderScreen>, nullptr,
-         kPlaceholder, true},
+        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<TunerChromatic>,
+         mediate<TunerChromaticMediator>, "tuners/ui/TunerChromaticView.qml", false},
         {"tunerBrain", "Brain Tuner", BrainTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
          true},
         {"tunerBrainSettings", "Settings", BrainTab, make<PlaceholderScreen>, nullptr, kPlaceholder,

@@ -10,7 +10,8 @@ list(APPEND ZT_UI_SOURCES
   app/AnalyticsLog.h app/AnalyticsLog.cpp app/QtMainLoop.h app/QtMainLoop.cpp
   app/MusicPlayer.h app/MusicPlayer.cpp app/ScreenSaverInhibitor.h app/ScreenSaverInhibitor.cpp
   app/ZebToolsAppDelegate.h app/ZebToolsAppDelegate.cpp
-  app/ScreenshotRunner.h app/ScreenshotRunner.cpp app/AppLog.h app/AppLog.cpp)
+  app/ScreenshotRunner.h app/ScreenshotRunner.cpp app/AppLog.h app/AppLog.cpp
+  app/ScreenProbe.h app/ScreenProbe.cpp)
 list(APPEND ZT_QML_FILES
   app/Theme.qml app/Main.qml app/ToolTabBar.qml app/ToolStack.qml app/ScreenPage.qml
   app/PlaceholderView.qml app/LoadingCover.qml
