@@ -320,6 +320,22 @@ TEST_F(TunerChromaticTest, PollsOnlyWhileShownAndHandsOnItsSettings) {
     EXPECT_TRUE(sent.empty());  // the music stays paused
 }
 
+// The app opening on the tuner's tab shows it before its mediator exists:
+// it starts listening once the mediator is there.
+TEST_F(TunerChromaticTest, ShownBeforeItsMediatorListensOnceItIsThere) {
+    facade().removeMediator(TunerChromaticMediator::NAME);
+    TunerChromatic opening;
+    opening.viewWillAppear();
+    EXPECT_FALSE(opening.polling());
+    facade().registerMediator(makeMediator<TunerChromaticMediator>(&opening));
+    runFor(10);
+    EXPECT_TRUE(opening.polling());
+    EXPECT_FALSE(frequency->isAudioSessionStop());
+    EXPECT_NE(frequency->frequencyAnalyzer(), nullptr);
+    opening.viewDidDisappear();
+    EXPECT_EQ(frequency->frequencyAnalyzer(), nullptr);
+}
+
 // A tone through the whole pipeline: the capture, the detector, the note
 // choice and the screen.
 TEST_F(TunerChromaticTest, ReadsATonePolledFromTheCapture) {

@@ -27,6 +27,19 @@ TunerChromatic::TunerChromatic(QObject* parent) : Screen(parent) {
     connect(&timerChangeNotes_, &QTimer::timeout, this, &TunerChromatic::showNewNote);
 }
 
+void TunerChromatic::setDelegate(TunerChromaticDelegate* delegate) {
+    delegate_ = delegate;
+    if (delegate_ && appearPending_) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (appearPending_)
+                    viewWillAppear();
+            },
+            Qt::QueuedConnection);
+    }
+}
+
 QStringList TunerChromatic::slotLetters() const {
     QStringList out;
     for (const std::string& letter : panel_.letters())
@@ -127,32 +140,33 @@ void TunerChromatic::setSavedData(const Dictionary& data) {
 }
 
 void TunerChromatic::viewWillAppear() {
+    appearPending_ = !delegate_;
+    if (appearPending_)
+        return;
     microphoneAlert_ = false;
     emit microphoneAlertChanged();
-    if (delegate_) {
-        delegate_->stopMusic();
-        delegate_->stopMetronome();
-        // The application keeps the screen lit for as long as it runs.
-        delegate_->setChromaticTunerSavedData();
-        // The tuning may have changed on the tunings list meanwhile: take it
-        // before handing it on, and redraw the panel if the mode changed.
-        delegate_->getTuningChromaticTuner();
-        delegate_->setTuningDelegate(tuning_);
-        delegate_->setTaperDelegate(taperMode_);
-        delegate_->setBaseNoteDelegate(baseNote_);
-        delegate_->setTresholdPercentDelegate(tresholdPercent_);
-    }
+    delegate_->stopMusic();
+    delegate_->stopMetronome();
+    // The application keeps the screen lit for as long as it runs.
+    delegate_->setChromaticTunerSavedData();
+    // The tuning may have changed on the tunings list meanwhile: take it
+    // before handing it on, and redraw the panel if the mode changed.
+    delegate_->getTuningChromaticTuner();
+    delegate_->setTuningDelegate(tuning_);
+    delegate_->setTaperDelegate(taperMode_);
+    delegate_->setBaseNoteDelegate(baseNote_);
+    delegate_->setTresholdPercentDelegate(tresholdPercent_);
     emit scaleChanged();
     setVolume(110, 100, 0);
     cancelPanelRefresh();
     activeNoteIndex_ = 0;
     panel_.setBeginIndex(0);
-    if (delegate_)
-        delegate_->startAudioSession();
+    delegate_->startAudioSession();
     setPolling(true);
 }
 
 void TunerChromatic::viewDidDisappear() {
+    appearPending_ = false;
     stopTimer();
     if (delegate_) {
         delegate_->stopAudioSession();

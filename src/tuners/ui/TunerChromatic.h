@@ -65,7 +65,11 @@ public:
 
     explicit TunerChromatic(QObject* parent = nullptr);
 
-    void setDelegate(TunerChromaticDelegate* delegate) { delegate_ = delegate; }
+    // A screen shown before it had a delegate (the app opening on this tab
+    // builds the tab bar before the screens' mediators register) starts
+    // listening once it has one, in the next turn of the event loop, when
+    // the mediator is fully registered.
+    void setDelegate(TunerChromaticDelegate* delegate);
     TunerChromaticDelegate* delegate() const { return delegate_; }
 
     double needleAngle() const { return needleAngle_; }
@@ -157,6 +161,8 @@ private:
     bool isTimerStop_ = true;
     std::string currentNote_;
     bool buttonMode_ = false;
+    // Shown while there was no delegate to start listening with.
+    bool appearPending_ = false;
     bool microphoneAlert_ = false;
 
     double needleAngle_ = 0.0;

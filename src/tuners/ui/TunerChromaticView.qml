@@ -107,8 +107,8 @@ Rectangle {
         }
 
         // The reference frequencies: the note's at the top, one semitone
-        // either way where the needle shows +-100 cents, two semitones at
-        // the ends of the scale.
+        // either way where the needle shows +-100 cents, both outside the
+        // scale; two semitones inside it, under its ends.
         Repeater {
             model: 5
 
@@ -117,7 +117,7 @@ Rectangle {
                 readonly property real angle: index === 0 ? 0
                     : (index % 2 === 1 ? 1 : -1)
                       * (index <= 2 ? view.screen.referenceAngle : view.screen.convertAngle(200))
-                readonly property real radius: index <= 2 ? 230 : 218
+                readonly property real radius: index <= 2 ? 230 : 152
 
                 objectName: "reference" + index
                 x: (view.pivotX + radius * Math.sin(angle)) * view.unit - width / 2
