@@ -373,10 +373,11 @@ TEST_F(TunerChromaticTest, MissingMicrophoneAlertsOnceAndRecovers) {
     EXPECT_TRUE(screen.polling());
     EXPECT_EQ(screen.frequencyText(), "110.0 Hz");
 
-    // The device goes away while listening.
+    // The device goes away while listening; leaving closes the alert.
     capture->lose();
     runFor(80);
     EXPECT_TRUE(screen.microphoneAlert());
     EXPECT_FALSE(screen.polling());
     screen.viewDidDisappear();
+    EXPECT_FALSE(screen.microphoneAlert());
 }

@@ -167,6 +167,11 @@ void TunerChromatic::viewWillAppear() {
 
 void TunerChromatic::viewDidDisappear() {
     appearPending_ = false;
+    // The alert is the screen's: it goes with it, however it was left.
+    if (microphoneAlert_) {
+        microphoneAlert_ = false;
+        emit microphoneAlertChanged();
+    }
     stopTimer();
     if (delegate_) {
         delegate_->stopAudioSession();
