@@ -57,7 +57,7 @@ Page {
         Button {
             id: settingsButton
 
-            objectName: "settingsButton"
+            objectName: "navSettingsButton"
             visible: page.isRoot && page.screen !== null && page.screen.offersSettings
             anchors.right: parent.right
             anchors.rightMargin: 4

@@ -44,7 +44,10 @@ class TunerChromatic : public zt::Screen {
     Q_PROPERTY(bool frequencyAmber READ frequencyAmber NOTIFY labelsChanged)
     // Centre, +1, -1, +2 and -2 semitones.
     Q_PROPERTY(QStringList referenceTexts READ referenceTexts NOTIFY labelsChanged)
-    Q_PROPERTY(QRectF volumeFrame READ volumeFrame NOTIFY volumeChanged)
+    // The volume bar's lit frame, 20 points high at y = 190: its left edge,
+    // its width, and the share of the 116-point lit image on show.
+    Q_PROPERTY(double volumeX READ volumeX NOTIFY volumeChanged)
+    Q_PROPERTY(double volumeWidth READ volumeWidth NOTIFY volumeChanged)
     Q_PROPERTY(double volumeShown READ volumeShown NOTIFY volumeChanged)
     Q_PROPERTY(bool linearScale READ linearScale NOTIFY scaleChanged)
     // The needle's angle at +100 cents, where the +-1 semitone labels sit.
@@ -81,6 +84,8 @@ public:
     bool frequencyAmber() const { return frequencyAmber_; }
     QStringList referenceTexts() const { return referenceTexts_; }
     QRectF volumeFrame() const { return volumeFrame_; }
+    double volumeX() const { return volumeFrame_.x(); }
+    double volumeWidth() const { return volumeFrame_.width(); }
     double volumeShown() const { return volumeShown_; }
     bool linearScale() const { return linearScale_; }
     double referenceAngle() const { return convertAngle(100.0); }

@@ -138,8 +138,8 @@ Rectangle {
                 required property int index
                 readonly property real blockX: 102 + 12 * index
                 readonly property bool lit: view.screen.volumeShown > 0
-                    && blockX >= view.screen.volumeFrame.x - 0.5
-                    && blockX + 8 <= view.screen.volumeFrame.x + view.screen.volumeFrame.width + 0.5
+                    && blockX >= view.screen.volumeX - 0.5
+                    && blockX + 8 <= view.screen.volumeX + view.screen.volumeWidth + 0.5
 
                 x: blockX * view.unit
                 y: 190 * view.unit
@@ -245,13 +245,15 @@ Rectangle {
             horizontalAlignment: Text.AlignHCenter
         }
         footer: Button {
+            id: okButton
+
             objectName: "alertOk"
             text: view.screen.alertButton
             flat: true
             focusPolicy: Qt.NoFocus
             onClicked: view.screen.dismissMicrophoneAlert()
             contentItem: Text {
-                text: parent.text
+                text: okButton.text
                 color: Theme.accent
                 font.pixelSize: 17
                 font.bold: true
