@@ -3,9 +3,10 @@
 # PulseAudio null sink whose monitor is the microphone, see
 # tests/audio/pulse_server.sh): from a note's onset to the string lit, its
 # frequency shown and the needle drawn within 1 degree (2 cents) of the
-# centre. Each run plays 1.5 s of silence then an in-tune A2 (110 Hz); the
-# onset is taken as the moment paplay was started plus the silence, so the
-# sink's 50 ms latency is included. Prints one figure per run.
+# centre, for at least half a second. Each run plays 1.5 s of silence then
+# an in-tune A2 (110 Hz); the onset is taken as the moment paplay was
+# started plus the silence, so the sink's 50 ms latency is included. Prints
+# one figure per run.
 # Usage: bench/tuner_settle_live.sh build/default/src/zebtools [runs]
 set -uo pipefail
 app="$1"
@@ -33,17 +34,16 @@ for run in $(seq "$runs"); do
   python3 - "$dir/probe.jsonl" "$((start + 1500))" <<'PY'
 import json, sys
 onset = int(sys.argv[2])
-settled = None
+frames = []
 for line in open(sys.argv[1]):
     j = json.loads(line)
-    if j["epochMs"] < onset:
-        continue
     p, d = j.get("properties", {}), j.get("drawn", {})
     ok = p.get("activeSlot") == 1 and p.get("frequencyText") and abs(d.get("needle", 99)) <= 1.0
-    if ok and settled is None:
-        settled = j["epochMs"]
-    elif not ok:
-        settled = None
+    if j["epochMs"] >= onset:
+        frames.append((j["epochMs"], ok))
+# Settled: right from then on for half a second.
+settled = next((t for t, ok in frames
+                if all(k for u, k in frames if t <= u <= t + 500)), None)
 print("settled %d ms after the onset" % (settled - onset) if settled else "never settled")
 PY
 done
