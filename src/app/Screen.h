@@ -20,6 +20,9 @@ class Screen : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Screens are made by the shell")
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+    // Whether the navigation bar shows a "Settings" button (a gear) while the
+    // screen is its tab's root; the button calls openSettings().
+    Q_PROPERTY(bool offersSettings READ offersSettings CONSTANT)
 
 public:
     explicit Screen(QObject* parent = nullptr) : QObject(parent) {}
@@ -38,6 +41,8 @@ public:
     // Whether the tab bar shows along with this screen (told to the root
     // screen of each tab when the tab changes).
     virtual void setTabBarIsVisible(bool) {}
+    virtual bool offersSettings() const { return false; }
+    Q_INVOKABLE virtual void openSettings() {}
 
 signals:
     void titleChanged();

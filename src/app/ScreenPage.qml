@@ -4,7 +4,8 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // A screen on a navigation stack: the navigation bar (back button, title,
-// the "Tunings" button where the screen table offers it) above the screen's
+// the "Tunings" button where the screen table offers it, the "Settings"
+// button where the screen offers it) above the screen's
 // view, loaded from the table with the screen as its one property.
 Page {
     id: page
@@ -51,6 +52,27 @@ Page {
             anchors.verticalCenter: parent.verticalCenter
             text: "Tunings"
             onClicked: page.tools.openTunings(page.tab)
+        }
+
+        Button {
+            id: settingsButton
+
+            objectName: "navSettingsButton"
+            visible: page.isRoot && page.screen !== null && page.screen.offersSettings
+            anchors.right: parent.right
+            anchors.rightMargin: 4
+            anchors.verticalCenter: parent.verticalCenter
+            width: 40
+            height: 40
+            padding: 9
+            focusPolicy: Qt.NoFocus
+            Accessible.name: "Settings"
+            onClicked: page.screen.openSettings()
+            contentItem: MetronomeGlyph {
+                shape: "gear"
+                color: settingsButton.down ? Theme.textDim : Theme.accent
+            }
+            background: Item {}
         }
     }
 

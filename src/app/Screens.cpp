@@ -17,6 +17,8 @@
 #include "tuners/ui/TunerBrainMediator.h"
 #include "tuners/ui/TunerBrainSettings.h"
 #include "tuners/ui/TunerBrainSettingsMediator.h"
+#include "tuners/ui/TunerChromatic.h"
+#include "tuners/ui/TunerChromaticMediator.h"
 
 namespace zt {
 
@@ -72,8 +74,8 @@ const std::vector<ScreenRow>& screenTable() {
          mediate<ChordsLibrarySettingsMediator>, "chords/ui/ChordsLibrarySettingsView.qml", false},
         {"commonSettings", "Tunings", kAnyTab, make<CommonSettings>,
          mediate<CommonSettingsMediator>, "tuners/ui/CommonSettingsView.qml", false},
-        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<PlaceholderScreen>, nullptr,
-         kPlaceholder, true},
+        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<TunerChromatic>,
+         mediate<TunerChromaticMediator>, "tuners/ui/TunerChromaticView.qml", false},
         {"tunerBrain", "Brain Tuner", BrainTab, makeTunerBrain, mediate<TunerBrainMediator>,
          "tuners/ui/TunerBrainView.qml", false},
         {"tunerBrainSettings", "Settings", BrainTab, makeTunerBrainSettings,

@@ -15,6 +15,7 @@
 
 #include "app/AppLog.h"
 #include "app/QtMainLoop.h"
+#include "app/ScreenProbe.h"
 #include "app/ScreenshotRunner.h"
 #include "app/Tools.h"
 #include "app/WindowPlacement.h"
@@ -53,8 +54,14 @@ int main(int argc, char* argv[]) {
         "select-tab", "Once loaded, choose tab <index> as a touch would (for tests).", "index");
     QCommandLineOption sizeOption("size", "Open the window at <width>x<height>.", "size");
     QCommandLineOption verboseOption("verbose", "Print the debug log to standard error.");
-    parser.addOptions(
-        {screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption, verboseOption});
+    QCommandLineOption probeOption(
+        "probe", "Once loaded, print what is on show as a JSON line every <ms> (for tests).", "ms");
+    QCommandLineOption quitAfterOption(
+        "quit-after", "Quit <seconds> after loading, saving a picture first with --grab.",
+        "seconds");
+    QCommandLineOption grabOption("grab", "The PNG written before --quit-after quits.", "file");
+    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption,
+                       verboseOption, probeOption, quitAfterOption, grabOption});
     parser.process(app);
     zt::routeLogToQt(parser.isSet(verboseOption));
 
@@ -118,6 +125,22 @@ int main(int argc, char* argv[]) {
         if (parser.isSet(selectTabOption)) {
             const int tab = parser.value(selectTabOption).toInt();
             whenLoaded([tools, tab] { tools->selectTab(tab); });
+        }
+        if (parser.isSet(probeOption)) {
+            auto* probe =
+                new zt::ScreenProbe(window, tools, parser.value(probeOption).toInt(), &app);
+            whenLoaded([probe] { probe->start(); });
+        }
+        if (parser.isSet(quitAfterOption)) {
+            const int ms = static_cast<int>(parser.value(quitAfterOption).toDouble() * 1000);
+            const QString grab = parser.value(grabOption);
+            whenLoaded([window, ms, grab] {
+                QTimer::singleShot(ms, qApp, [window, grab] {
+                    if (!grab.isEmpty())
+                        window->grabWindow().save(grab);
+                    QCoreApplication::quit();
+                });
+            });
         }
         if (parser.isSet(quitWhenLoadedOption)) {
             whenLoaded([] { QTimer::singleShot(200, qApp, &QCoreApplication::quit); });

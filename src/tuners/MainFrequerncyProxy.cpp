@@ -7,6 +7,7 @@
 #include "sound/MicrophoneCapture.h"
 #include "state/StateKeys.h"
 #include "tuners/NoteChoice.h"
+#include "tuners/SavedBaseNote.h"
 #include "tuners/SettingsProxy.h"
 #include "tuners/TuningCatalogue.h"
 
@@ -32,12 +33,7 @@ void MainFrequerncyProxy::initVariables(const Dictionary& savedData) {
     namespace keys = state::chromatic;
     isAllNotes_ = state::read(savedData, keys::kAllNotes);
     setTaperMode(state::read(savedData, keys::kTaper));
-    const double frequency = valueFor(savedData, keys::kBaseFrequency.name).toDouble(0.0);
-    baseNote_ =
-        frequency < 1.0
-            ? NotationFacade::getBaseNote()
-            : Note(static_cast<std::uint16_t>(state::read(savedData, keys::kBaseOctave)),
-                   static_cast<std::uint16_t>(state::read(savedData, keys::kBaseIndex)), frequency);
+    baseNote_ = savedBaseNote(savedData);
     log("callFromProxy");
     const auto system =
         NotationFacade::generateNoteSystem(NotationFacade::kEqualTemperament, baseNote_, 12);

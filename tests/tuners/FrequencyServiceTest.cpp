@@ -174,6 +174,8 @@ TEST_F(FrequencyServiceTest, SavedBaseNoteAndWindow) {
          440.0,
          &GaussWindow::getInstance()},
         {"taper out of range", {{"Taper", 9}}, 440.0, &GaussWindow::getInstance()},
+        {"base far off", {{"baseFrequency", 10000.0}}, 440.0, &GaussWindow::getInstance()},
+        {"negative base", {{"baseFrequency", -5.0}}, 440.0, &GaussWindow::getInstance()},
         {"cosine, Lanczos", {{"Taper", 1}}, 440.0, &CosineWindow::getInstance()},
     };
     for (const auto& row : rows) {

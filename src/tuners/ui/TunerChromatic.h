@@ -1,0 +1,182 @@
+#pragma once
+// The chromatic tuner screen. While it is shown it asks for a reading 20
+// times a second, and for each detected note it turns the needle (by the
+// dial's law, see TunerDial.h), lights the note in the six-slot panel (see
+// NotePanel.h), prints the frequency with one decimal (amber within 5 cents)
+// and the five reference frequencies around the note, and sizes the volume
+// bar. Geometry is in points of the 320 x 480 design; TunerChromaticView.qml
+// scales and draws it and forwards touches.
+//
+// With all notes, a panel change is drawn 10 ms after the note that caused
+// it, on this thread; readings that arrive meanwhile are dropped whole
+// (needle and labels too), which is what throttles the panel.
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QRectF>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QVariantList>
+
+#include "app/Screen.h"
+#include "dsp/Note.h"
+#include "dsp/NoteDescription.h"
+#include "framework/Value.h"
+#include "tuners/ui/NotePanel.h"
+
+namespace zt {
+
+class TunerChromaticDelegate;
+
+class TunerChromatic : public zt::Screen {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Created by the shell")
+    // The needle's target angle in radians (clockwise) and how long the swing
+    // there takes; needleMoved() starts each swing.
+    Q_PROPERTY(double needleAngle READ needleAngle NOTIFY needleMoved)
+    Q_PROPERTY(double needleSeconds READ needleSeconds NOTIFY needleMoved)
+    Q_PROPERTY(QStringList slotLetters READ slotLetters NOTIFY panelChanged)
+    Q_PROPERTY(QVariantList slotSharps READ slotSharps NOTIFY panelChanged)
+    Q_PROPERTY(int activeSlot READ activeSlot NOTIFY panelChanged)
+    Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY labelsChanged)
+    Q_PROPERTY(bool frequencyAmber READ frequencyAmber NOTIFY labelsChanged)
+    // Centre, +1, -1, +2 and -2 semitones.
+    Q_PROPERTY(QStringList referenceTexts READ referenceTexts NOTIFY labelsChanged)
+    // The volume bar's lit frame, 20 points high at y = 190: its left edge,
+    // its width, and the share of the 116-point lit image on show.
+    Q_PROPERTY(double volumeX READ volumeX NOTIFY volumeChanged)
+    Q_PROPERTY(double volumeWidth READ volumeWidth NOTIFY volumeChanged)
+    Q_PROPERTY(double volumeShown READ volumeShown NOTIFY volumeChanged)
+    Q_PROPERTY(bool linearScale READ linearScale NOTIFY scaleChanged)
+    // The needle's angle at +100 cents, where the +-1 semitone labels sit.
+    Q_PROPERTY(double referenceAngle READ referenceAngle NOTIFY scaleChanged)
+    // The scale's ticks: one map per tick, "angle" (radians) and "length"
+    // (30, 20 or 10 points), every 10 cents from -200 to +200.
+    Q_PROPERTY(QVariantList scaleTicks READ scaleTicks NOTIFY scaleChanged)
+    Q_PROPERTY(bool allNotes READ isAllNotes NOTIFY panelChanged)
+    Q_PROPERTY(bool polling READ polling NOTIFY pollingChanged)
+    Q_PROPERTY(bool microphoneAlert READ microphoneAlert NOTIFY microphoneAlertChanged)
+    Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
+    Q_PROPERTY(QString alertMessage READ alertMessage CONSTANT)
+    Q_PROPERTY(QString alertButton READ alertButton CONSTANT)
+
+public:
+    static constexpr int kPollMs = 50;
+    static constexpr int kPanelRefreshMs = 10;
+
+    explicit TunerChromatic(QObject* parent = nullptr);
+
+    // A screen shown before it had a delegate (the app opening on this tab
+    // builds the tab bar before the screens' mediators register) starts
+    // listening once it has one, in the next turn of the event loop, when
+    // the mediator is fully registered.
+    void setDelegate(TunerChromaticDelegate* delegate);
+    TunerChromaticDelegate* delegate() const { return delegate_; }
+
+    double needleAngle() const { return needleAngle_; }
+    double needleSeconds() const { return needleSeconds_; }
+    QStringList slotLetters() const;
+    QVariantList slotSharps() const;
+    int activeSlot() const { return panel_.activeSlot(); }
+    QString frequencyText() const { return frequencyText_; }
+    bool frequencyAmber() const { return frequencyAmber_; }
+    QStringList referenceTexts() const { return referenceTexts_; }
+    QRectF volumeFrame() const { return volumeFrame_; }
+    double volumeX() const { return volumeFrame_.x(); }
+    double volumeWidth() const { return volumeFrame_.width(); }
+    double volumeShown() const { return volumeShown_; }
+    bool linearScale() const { return linearScale_; }
+    double referenceAngle() const { return convertAngle(100.0); }
+    QVariantList scaleTicks() const;
+    bool isAllNotes() const { return isAllNotes_; }
+    bool polling() const { return startTuner_.isActive(); }
+    bool microphoneAlert() const { return microphoneAlert_; }
+    QString alertTitle() const;
+    QString alertMessage() const;
+    QString alertButton() const;
+
+    // The needle's angle for `cents` by the chosen law (not clamped).
+    Q_INVOKABLE double convertAngle(double cents) const;
+    // The navigation bar's "Settings" button.
+    bool offersSettings() const override { return true; }
+    void openSettings() override;
+    // The microphone alert's "Ok": on to the by-ear tuner.
+    Q_INVOKABLE void dismissMicrophoneAlert();
+
+    // From the mediator.
+    void setTuningArray(const std::vector<std::string>& notesStand);
+    void setTuningTuner(int tuning);
+    void setSavedData(const Dictionary& data);
+    void showNoteAndFreq(const NoteDescription& note);
+    void showMicrophoneDetectAlertView();
+    void setButtonMode() { buttonMode_ = true; }
+
+    void viewWillAppear() override;
+    void viewDidDisappear() override;
+    // Stops the poll and any pending panel change, and dims the volume bar.
+    void stopTimer();
+
+    // What the saved settings and the mediator set, for the tests.
+    int tuning() const { return tuning_; }
+    int taperMode() const { return taperMode_; }
+    const Note& baseNote() const { return baseNote_; }
+    int tresholdPercent() const { return tresholdPercent_; }
+    int beginIndex() const { return panel_.beginIndex(); }
+    bool panelRefreshPending() const { return !isTimerStop_; }
+    int tuningCount() const { return panel_.tuningCount(); }
+
+signals:
+    void needleMoved();
+    void panelChanged();
+    void labelsChanged();
+    void volumeChanged();
+    void scaleChanged();
+    void pollingChanged();
+    void microphoneAlertChanged();
+
+private:
+    void startTunerAction();
+    void setNotePanelIndex(const NoteDescription& note);
+    void showNewNote();
+    void updateLabel(const NoteDescription& note);
+    void rotationArrow(const NoteDescription& note);
+    void setTuningImages();
+    void cancelPanelRefresh();
+    void setVolume(double x, double width, double shown);
+    void setPolling(bool on);
+    void moveNeedle(double angle, double seconds);
+
+    TunerChromaticDelegate* delegate_ = nullptr;
+    NotePanel panel_;
+    QTimer startTuner_;
+    QTimer timerChangeNotes_;
+
+    float freq_ = -1.0f;
+    int tuning_ = 0;
+    bool linearScale_ = false;
+    bool isAllNotes_ = false;
+    bool isAllNotesChange_ = false;
+    int taperMode_ = 0;
+    Note baseNote_;
+    int tresholdPercent_ = 0;
+    int activeNoteIndex_ = 0;
+    // No panel change pending: readings are taken.
+    bool isTimerStop_ = true;
+    std::string currentNote_;
+    bool buttonMode_ = false;
+    // Shown while there was no delegate to start listening with.
+    bool appearPending_ = false;
+    bool microphoneAlert_ = false;
+
+    double needleAngle_ = 0.0;
+    double needleSeconds_ = 0.0;
+    QString frequencyText_;
+    bool frequencyAmber_ = false;
+    QStringList referenceTexts_{"", "", "", "", ""};
+    QRectF volumeFrame_{110, 190, 100, 20};
+    double volumeShown_ = 0.0;
+};
+
+}  // namespace zt

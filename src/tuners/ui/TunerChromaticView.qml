@@ -1,0 +1,267 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import ZebTools
+
+// The chromatic tuner: the note panel at the top, the scale with the needle,
+// the reference frequencies on the scale, the volume bar and the measured
+// frequency under the needle's hub. Everything shown comes from the
+// TunerChromatic object, in points of its 320 x 387 design stage (the
+// screen between the navigation and tab bars), scaled here to fill the view
+// whatever its size; the drawings render at the scaled size, so they stay
+// sharp in a large window.
+Rectangle {
+    id: view
+
+    required property TunerChromatic screen
+
+    readonly property real designWidth: 320
+    readonly property real designHeight: 387
+    // Screen points per design point.
+    readonly property real unit: Math.min(width / designWidth, height / designHeight)
+    readonly property real pivotX: 160
+    readonly property real pivotY: 306
+
+    color: Theme.background
+
+    Item {
+        id: stage
+
+        width: view.designWidth * view.unit
+        height: view.designHeight * view.unit
+        anchors.centerIn: parent
+
+        // The note panel: six letters, the note heard lit and glowing.
+        Rectangle {
+            id: panel
+
+            x: 8 * view.unit
+            y: 8 * view.unit
+            width: 304 * view.unit
+            height: 56 * view.unit
+            radius: Theme.cardRadius * view.unit
+            color: Theme.panel
+            border.color: Theme.separator
+            border.width: Math.max(1, view.unit)
+
+            Repeater {
+                model: 6
+
+                Item {
+                    id: slot
+
+                    required property int index
+                    readonly property bool lit: view.screen.activeSlot === index
+
+                    objectName: "slot" + index
+                    x: index * panel.width / 6
+                    width: panel.width / 6
+                    height: panel.height
+
+                    Canvas {
+                        anchors.fill: parent
+                        visible: slot.lit
+                        onWidthChanged: requestPaint()
+                        onPaint: {
+                            const ctx = getContext("2d")
+                            ctx.reset()
+                            const r = Math.min(width, height) / 2
+                            const glow = ctx.createRadialGradient(width / 2, height / 2, 0,
+                                                                  width / 2, height / 2, r)
+                            glow.addColorStop(0, Qt.rgba(0.96, 0.75, 0.05, 0.55))
+                            glow.addColorStop(1, Qt.rgba(0.96, 0.75, 0.05, 0))
+                            ctx.fillStyle = glow
+                            ctx.fillRect(0, 0, width, height)
+                        }
+                    }
+                    Text {
+                        id: letter
+                        anchors.centerIn: parent
+                        anchors.horizontalCenterOffset: sharp.visible ? -4 * view.unit : 0
+                        text: view.screen.slotLetters[slot.index] ?? ""
+                        color: slot.lit ? Theme.accent : Theme.textDim
+                        font.pixelSize: 30 * view.unit
+                        font.bold: true
+                    }
+                    Text {
+                        id: sharp
+                        anchors.left: letter.right
+                        anchors.top: letter.top
+                        visible: view.screen.slotSharps[slot.index] === true
+                        text: "#"
+                        color: letter.color
+                        font.pixelSize: 15 * view.unit
+                        font.bold: true
+                    }
+                }
+            }
+        }
+
+        ChromaticScaleView {
+            screen: view.screen
+            unit: view.unit
+            pivotX: view.pivotX
+            pivotY: view.pivotY
+            anchors.fill: parent
+        }
+
+        // The reference frequencies: the note's at the top, one semitone
+        // either way where the needle shows +-100 cents, both outside the
+        // scale; two semitones inside it, under its ends.
+        Repeater {
+            model: 5
+
+            Text {
+                required property int index
+                readonly property real angle: index === 0 ? 0
+                    : (index % 2 === 1 ? 1 : -1)
+                      * (index <= 2 ? view.screen.referenceAngle : view.screen.convertAngle(200))
+                readonly property real radius: index <= 2 ? 230 : 152
+
+                objectName: "reference" + index
+                x: (view.pivotX + radius * Math.sin(angle)) * view.unit - width / 2
+                y: (view.pivotY - radius * Math.cos(angle)) * view.unit - height / 2
+                rotation: angle * 180 / Math.PI
+                text: view.screen.referenceTexts[index] ?? ""
+                color: index === 0 ? Theme.text : Theme.textDim
+                font.pixelSize: (index === 0 ? 15 : 13) * view.unit
+                font.bold: index === 0
+            }
+        }
+
+        // The volume bar: ten dim blocks, the lit ones from the screen's frame.
+        Repeater {
+            model: 10
+
+            Rectangle {
+                required property int index
+                readonly property real blockX: 102 + 12 * index
+                readonly property bool lit: view.screen.volumeShown > 0
+                    && blockX >= view.screen.volumeX - 0.5
+                    && blockX + 8 <= view.screen.volumeX + view.screen.volumeWidth + 0.5
+
+                x: blockX * view.unit
+                y: 190 * view.unit
+                width: 8 * view.unit
+                height: 20 * view.unit
+                radius: 2 * view.unit
+                color: lit ? (index < 2 || index > 7 ? Theme.accent : "#7ED957") : Theme.panelLight
+            }
+        }
+
+        ArrowView {
+            id: needle
+
+            // The angle on show, in degrees clockwise.
+            property real angle: 0
+
+            objectName: "needle"
+            unit: view.unit
+            x: (view.pivotX - bladeWidth / 2) * view.unit
+            y: (view.pivotY - bladeLength) * view.unit
+            transform: Rotation {
+                origin.x: needle.bladeWidth / 2 * view.unit
+                origin.y: needle.bladeLength * view.unit
+                angle: needle.angle
+            }
+
+            NumberAnimation {
+                id: swing
+                target: needle
+                property: "angle"
+                easing.type: Easing.Linear
+            }
+            Connections {
+                target: view.screen
+                function onNeedleMoved() {
+                    swing.stop()
+                    const to = view.screen.needleAngle * 180 / Math.PI
+                    const ms = Math.round(view.screen.needleSeconds * 1000)
+                    if (ms <= 0) {
+                        needle.angle = to
+                        return
+                    }
+                    swing.from = needle.angle
+                    swing.to = to
+                    swing.duration = ms
+                    swing.start()
+                }
+            }
+        }
+
+        // The needle's hub.
+        Rectangle {
+            x: (view.pivotX - 13) * view.unit
+            y: (view.pivotY - 13) * view.unit
+            width: 26 * view.unit
+            height: width
+            radius: width / 2
+            color: Theme.panelLight
+            border.color: Theme.accent
+            border.width: 2 * view.unit
+        }
+
+        Text {
+            objectName: "frequency"
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 328 * view.unit
+            text: view.screen.frequencyText
+            color: view.screen.frequencyAmber ? Theme.accent : Theme.text
+            font.pixelSize: 28 * view.unit
+            font.bold: true
+        }
+    }
+
+    Dialog {
+        objectName: "microphoneAlert"
+        x: (view.width - width) / 2
+        y: Math.max(10, (view.height - height) / 2)
+        width: Math.min(300, view.width - 20)
+        padding: 16
+        modal: true
+        closePolicy: Popup.NoAutoClose
+        visible: view.screen.microphoneAlert
+        title: view.screen.alertTitle
+        background: Rectangle {
+            color: Theme.panel
+            radius: Theme.cardRadius
+            border.color: Theme.separator
+        }
+        T.Overlay.modal: Rectangle { color: "#99000000" }
+        header: Text {
+            text: view.screen.alertTitle
+            color: Theme.text
+            font.pixelSize: 17
+            font.bold: true
+            horizontalAlignment: Text.AlignHCenter
+            topPadding: 16
+        }
+        contentItem: Text {
+            text: view.screen.alertMessage
+            color: Theme.text
+            font.pixelSize: 14
+            wrapMode: Text.WordWrap
+            horizontalAlignment: Text.AlignHCenter
+        }
+        footer: Button {
+            id: okButton
+
+            objectName: "alertOk"
+            text: view.screen.alertButton
+            flat: true
+            focusPolicy: Qt.NoFocus
+            onClicked: view.screen.dismissMicrophoneAlert()
+            contentItem: Text {
+                text: okButton.text
+                color: Theme.accent
+                font.pixelSize: 17
+                font.bold: true
+                horizontalAlignment: Text.AlignHCenter
+                topPadding: 10
+                bottomPadding: 12
+            }
+            background: Item {}
+        }
+    }
+}

@@ -1,0 +1,383 @@
+// The chromatic tuner screen with its mediator, wired as at start-up to the
+// saved state, the tunings, the sound bank's proxy and the frequency service
+// listening to a capture source driven by the test.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+#include <algorithm>
+#include <cmath>
+
+#include "dsp/FakeCapture.h"
+#include "sound/MediaProxy.h"
+#include "state/StateCommands.h"
+#include "state/StateKeys.h"
+#include "state/StateProxy.h"
+#include "state/StateTestSupport.h"
+#include "tuners/FrequencyCommands.h"
+#include "tuners/MainFrequerncyProxy.h"
+#include "tuners/SavedBaseNote.h"
+#include "tuners/SettingsProxy.h"
+#include "tuners/ui/TunerChromatic.h"
+#include "tuners/ui/TunerChromaticMediator.h"
+#include "tuners/ui/TunerDial.h"
+
+using namespace zt;
+
+namespace {
+
+struct Recorder : Mediator {
+    explicit Recorder(std::vector<std::string>& sent) : Mediator("Recorder"), sent(sent) {}
+    std::vector<std::string> listNotificationInterests() const override {
+        return {"StopMusic",
+                "StartMusic",
+                "StopMetronome",
+                "ShowTunerBrain",
+                "ShowTunerChromaticSettings",
+                "GetMainFrequerncy"};
+    }
+    void handleNotification(const Notification& n) override { sent.push_back(n.name()); }
+    std::vector<std::string>& sent;
+};
+
+SoundEngine& silentEngine() {
+    static SoundEngine engine;
+    return engine;
+}
+
+// Lets timers due within `ms` fire.
+void runFor(int ms) {
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < ms) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        QThread::msleep(1);
+    }
+}
+
+NoteDescription note(const char* name, int index, double frequency, double cents,
+                     double standart = 440.0, int level = 5) {
+    return {name, standart, frequency, cents, level, index};
+}
+
+class TunerChromaticTest : public test::DataDirTest {
+protected:
+    void SetUp() override {
+        DataDirTest::SetUp();
+        Facade& f = facade();
+        f.registerProxy(makeProxy<StateProxy>());
+        registerStateCommands(f);
+        f.registerCommand("GetMainFrequerncy", commandClass<GetMainFrequerncyCommand>());
+        f.registerCommand("StartAudioSession", commandClass<StartAudioSessionCommand>());
+        f.registerCommand("StopAudioSession", commandClass<StopAudioSessionCommand>());
+        settings = makeProxy<SettingsProxy>();
+        f.registerProxy(settings);
+        frequency = makeProxy<MainFrequerncyProxy>(capture);
+        f.registerProxy(frequency);
+        media = makeProxy<MediaProxy>("ZebTools", silentEngine());
+        media->setIsBuffersLoaded(true);
+        f.registerProxy(media);
+        f.registerMediator(makeMediator<Recorder>(sent));
+        f.registerMediator(makeMediator<TunerChromaticMediator>(&screen));
+    }
+    void TearDown() override {
+        frequency->stopAudioSession();
+        DataDirTest::TearDown();
+    }
+
+    static Facade& facade() { return Facade::getInstance(); }
+    void save(const Dictionary& changes) {
+        facade().sendNotification("SaveChromaticTunerState", changes);
+    }
+    // The screen shown with these saved settings, its poll held back so
+    // that the test hands it the notes.
+    void showWith(const Dictionary& changes) {
+        save(changes);
+        screen.viewWillAppear();
+        screen.stopTimer();
+        sent.clear();
+    }
+
+    std::shared_ptr<zt::testing::FakeCapture> capture =
+        std::make_shared<zt::testing::FakeCapture>();
+    std::shared_ptr<SettingsProxy> settings;
+    std::shared_ptr<MainFrequerncyProxy> frequency;
+    std::shared_ptr<MediaProxy> media;
+    std::vector<std::string> sent;
+    TunerChromatic screen;
+};
+
+}  // namespace
+
+TEST(TunerDialTest, NeedleLawInBothScales) {
+    const struct {
+        double cents;
+        double nonLinear;
+        double linear;
+    } rows[] = {
+        {0, 0, 0},
+        {100, 0.5180, 0.3472},
+        {-100, -0.5180, -0.3472},
+        {200, 0.6945, 0.6945},
+        {-200, -0.6945, -0.6945},
+    };
+    for (const auto& row : rows) {
+        EXPECT_NEAR(dial::convertAngle(row.cents, false), row.nonLinear, 1e-4) << row.cents;
+        EXPECT_NEAR(dial::convertAngle(row.cents, true), row.linear, 1e-4) << row.cents;
+    }
+}
+
+TEST(TunerDialTest, NeedleTargetAndSwingTime) {
+    const struct {
+        double frequency;
+        double cents;
+        double angle;  // non-linear
+        double seconds;
+    } rows[] = {
+        {440.0, 0.0, 0.0, 0.0},
+        {452.9, 50.9, dial::convertAngle(50, false), 0.5},
+        {900.0, 350.0, dial::kWorkAngle, 2.0},
+        {200.0, -350.0, -dial::kWorkAngle, 2.0},
+        {-1.0, 30.0, 0.0, 0.3},
+    };
+    for (const auto& row : rows) {
+        const dial::NeedleMove move =
+            dial::needleMove(note("A", 9, row.frequency, row.cents), false);
+        EXPECT_NEAR(move.angle, row.angle, 1e-9) << row.cents;
+        EXPECT_NEAR(move.seconds, row.seconds, 1e-6) << row.cents;
+    }
+}
+
+TEST(TunerDialTest, VolumeBarGrowsAboutTheCentre) {
+    const struct {
+        int level;
+        double x, width;
+    } rows[] = {{0, 162, 0}, {1, 156, 8}, {5, 132, 56}, {10, 102, 116}};
+    for (const auto& row : rows) {
+        const dial::VolumeBar bar = dial::volumeBar(row.level);
+        EXPECT_EQ(bar.x, row.x) << row.level;
+        EXPECT_EQ(bar.width, row.width) << row.level;
+        EXPECT_EQ(bar.y, 190);
+        EXPECT_DOUBLE_EQ(bar.shown, row.width / 116) << row.level;
+    }
+}
+
+TEST_F(TunerChromaticTest, FrequencyReferencesAndAmber) {
+    showWith({});
+    const struct {
+        NoteDescription note;
+        const char* text;
+        QStringList references;
+        bool amber;
+    } rows[] = {
+        {note("E", 0, 82.406, 0.0, 82.41),
+         "82.4 Hz",
+         {"82.4", "87.3", "77.8", "92.5", "73.4"},
+         true},
+        {note("A", 1, 440.96, 3.8),
+         "441.0 Hz",
+         {"440.0", "466.2", "415.3", "493.9", "392.0"},
+         true},
+        {note("A", 1, 441.27, 5.0),
+         "441.3 Hz",
+         {"440.0", "466.2", "415.3", "493.9", "392.0"},
+         true},
+        {note("A", 1, 438.73, -5.0),
+         "438.7 Hz",
+         {"440.0", "466.2", "415.3", "493.9", "392.0"},
+         true},
+        {note("A", 1, 441.3, 5.1),
+         "441.3 Hz",
+         {"440.0", "466.2", "415.3", "493.9", "392.0"},
+         false},
+        {note("E", 0, -1.0, 12.0, 82.41), "", {"", "", "", "", ""}, false},
+    };
+    for (const auto& row : rows) {
+        screen.showNoteAndFreq(row.note);
+        EXPECT_EQ(screen.frequencyText(), row.text);
+        EXPECT_EQ(screen.referenceTexts(), row.references) << row.text;
+        EXPECT_EQ(screen.frequencyAmber(), row.amber) << row.text;
+    }
+}
+
+TEST_F(TunerChromaticTest, TuningModeLightsTheStringHeard) {
+    showWith({});
+    EXPECT_EQ(screen.slotLetters(), (QStringList{"E", "A", "D", "G", "B", "E"}));
+    screen.showNoteAndFreq(note("A", 1, 110.0, 0.0, 110.0));
+    EXPECT_EQ(screen.activeSlot(), 1);
+    EXPECT_NEAR(screen.needleAngle(), 0.0, 1e-12);
+    screen.showNoteAndFreq(note("A", 1, -1.0, 0.0, 110.0));
+    EXPECT_EQ(screen.activeSlot(), -1);
+    EXPECT_NEAR(screen.needleSeconds(), 0.3, 1e-6);
+
+    settings->setTuning(3);  // C#: the sharps show beside their letters
+    facade().sendNotification("SetTuning");
+    EXPECT_EQ(screen.slotLetters(), (QStringList{"C", "F", "B", "E", "G", "C"}));
+    EXPECT_EQ(screen.slotSharps(), (QVariantList{true, true, false, false, true, true}));
+}
+
+// From B the window slides down one step at a time to show C in slot 1.
+TEST_F(TunerChromaticTest, AllNotesWindowSlidesFromBToC) {
+    showWith({{"AllNotes", true}});
+    EXPECT_EQ(screen.slotLetters(), (QStringList{"C", "C", "D", "D", "E", "F"}));
+    screen.showNoteAndFreq(note("B", 11, 246.9, 1.0));
+    runFor(30);
+    EXPECT_EQ(screen.beginIndex(), 7);
+    EXPECT_EQ(screen.activeSlot(), 4);
+    screen.showNoteAndFreq(note("C", 0, 261.6, 0.0));
+    runFor(30);
+    EXPECT_EQ(screen.beginIndex(), -1);
+    EXPECT_EQ(screen.slotLetters(), (QStringList{"B", "C", "C", "D", "D", "E"}));
+    EXPECT_EQ(screen.slotSharps(), (QVariantList{false, false, true, false, true, false}));
+    EXPECT_EQ(screen.activeSlot(), 1);
+}
+
+TEST_F(TunerChromaticTest, NotesAreDroppedWhileThePanelChangeIsPending) {
+    showWith({{"AllNotes", true}});
+    screen.showNoteAndFreq(note("D", 2, 293.7, 10.0, 293.66));
+    ASSERT_TRUE(screen.panelRefreshPending());
+    screen.showNoteAndFreq(note("G", 7, 392.0, 40.0, 392.0));
+    screen.showNoteAndFreq(note("A", 9, 440.0, -60.0));
+    EXPECT_EQ(screen.frequencyText(), "293.7 Hz");
+    EXPECT_NEAR(screen.needleAngle(), screen.convertAngle(10), 1e-12);
+    runFor(30);
+    EXPECT_FALSE(screen.panelRefreshPending());
+    EXPECT_EQ(screen.activeSlot(), 2);
+
+    // Too far from any note: needle and labels follow, the panel does not.
+    screen.showNoteAndFreq(note("G", 7, 420.0, 250.0, 392.0));
+    EXPECT_FALSE(screen.panelRefreshPending());
+    EXPECT_EQ(screen.frequencyText(), "420.0 Hz");
+    EXPECT_NEAR(screen.needleAngle(), dial::kWorkAngle, 1e-12);
+    EXPECT_EQ(screen.activeSlot(), 2);
+}
+
+TEST_F(TunerChromaticTest, SavedValuesOutOfRangeFallBack) {
+    const struct {
+        const char* name;
+        Dictionary saved;
+        int taper;
+        int treshold;
+        double a4;
+    } rows[] = {
+        {"defaults", {}, 0, 10, 440.0},
+        {"calibrated", {{"Taper", 3}, {"Treshold", 40}, {"baseFrequency", 442.0}}, 3, 40, 442.0},
+        {"base frequency 0", {{"baseFrequency", 0.0}}, 0, 10, 440.0},
+        {"negative base", {{"baseFrequency", -3.0}}, 0, 10, 440.0},
+        {"10 kHz base", {{"baseFrequency", 10000.0}}, 0, 10, 440.0},
+        {"taper 9", {{"Taper", 9}}, 0, 10, 440.0},
+        {"treshold -5", {{"Treshold", -5}}, 0, 10, 440.0},
+        {"treshold 500", {{"Treshold", 500}}, 0, 10, 440.0},
+    };
+    for (const auto& row : rows) {
+        Dictionary section = state::defaultSavedState()["ChromaticSettings"].dictionary();
+        for (const auto& [key, value] : row.saved)
+            section[key] = value;
+        screen.setSavedData(section);
+        EXPECT_EQ(screen.taperMode(), row.taper) << row.name;
+        EXPECT_EQ(screen.tresholdPercent(), row.treshold) << row.name;
+        EXPECT_NEAR(concertPitchOf(screen.baseNote()), row.a4, 1e-9) << row.name;
+    }
+    settings->setTuning(52);
+    screen.setTuningTuner(60);
+    EXPECT_EQ(screen.tuning(), 0);
+}
+
+TEST_F(TunerChromaticTest, PollsOnlyWhileShownAndHandsOnItsSettings) {
+    save({{"Taper", 2}, {"Treshold", 30}, {"AllNotes", true}});
+    settings->setTuning(27);
+    EXPECT_FALSE(screen.polling());
+    screen.viewWillAppear();
+    EXPECT_TRUE(screen.polling());
+    EXPECT_EQ(sent, (std::vector<std::string>{"StopMusic", "StopMetronome"}));
+    EXPECT_EQ(settings->getTuningNumber(), 27);
+    EXPECT_EQ(frequency->getTaperMode(), 2);
+    EXPECT_EQ(frequency->getTresholdPercent(), 30);
+    EXPECT_TRUE(frequency->isAllNotes());
+    EXPECT_FALSE(frequency->isAudioSessionStop());
+    runFor(230);
+    const auto polls = std::count(sent.begin(), sent.end(), "GetMainFrequerncy");
+    EXPECT_GE(polls, 2);
+    EXPECT_LE(polls, 5);
+
+    screen.viewDidDisappear();
+    EXPECT_FALSE(screen.polling());
+    EXPECT_TRUE(frequency->isAudioSessionStop());
+    EXPECT_EQ(sent.back(), "StartMusic");
+    sent.clear();
+    runFor(120);
+    EXPECT_TRUE(sent.empty());
+
+    // The sound bank still loading: no reading is asked for.
+    media->setIsBuffersLoaded(false);
+    screen.viewWillAppear();
+    runFor(120);
+    EXPECT_EQ(std::count(sent.begin(), sent.end(), "GetMainFrequerncy"), 0);
+    screen.setButtonMode();
+    sent.clear();
+    screen.viewDidDisappear();
+    EXPECT_TRUE(sent.empty());  // the music stays paused
+}
+
+// The app opening on the tuner's tab shows it before its mediator exists:
+// it starts listening once the mediator is there.
+TEST_F(TunerChromaticTest, ShownBeforeItsMediatorListensOnceItIsThere) {
+    facade().removeMediator(TunerChromaticMediator::NAME);
+    TunerChromatic opening;
+    opening.viewWillAppear();
+    EXPECT_FALSE(opening.polling());
+    facade().registerMediator(makeMediator<TunerChromaticMediator>(&opening));
+    runFor(10);
+    EXPECT_TRUE(opening.polling());
+    EXPECT_FALSE(frequency->isAudioSessionStop());
+    EXPECT_NE(frequency->frequencyAnalyzer(), nullptr);
+    opening.viewDidDisappear();
+    EXPECT_EQ(frequency->frequencyAnalyzer(), nullptr);
+}
+
+// A tone through the whole pipeline: the capture, the detector, the note
+// choice and the screen.
+TEST_F(TunerChromaticTest, ReadsATonePolledFromTheCapture) {
+    screen.viewWillAppear();
+    capture->feed(zt::testing::sine(110.0, 2400));
+    runFor(80);
+    EXPECT_EQ(screen.frequencyText(), "110.0 Hz");
+    EXPECT_EQ(screen.activeSlot(), 1);
+    EXPECT_NEAR(screen.needleAngle(), 0.0, 1e-12);
+    EXPECT_TRUE(screen.frequencyAmber());
+    screen.viewDidDisappear();
+}
+
+// No capture device: one alert, the poll stops; its "Ok" leads to the by-ear
+// tuner. Once a device is back, the next appearance listens again.
+TEST_F(TunerChromaticTest, MissingMicrophoneAlertsOnceAndRecovers) {
+    capture->opens = false;
+    screen.viewWillAppear();
+    runFor(150);
+    EXPECT_TRUE(screen.microphoneAlert());
+    EXPECT_FALSE(screen.polling());
+    EXPECT_EQ(std::count(sent.begin(), sent.end(), "GetMainFrequerncy"), 1);
+    EXPECT_EQ(screen.needleAngle(), 0.0);
+    EXPECT_EQ(screen.frequencyText(), "");
+    screen.dismissMicrophoneAlert();
+    EXPECT_FALSE(screen.microphoneAlert());
+    EXPECT_EQ(sent.back(), "ShowTunerBrain");
+    screen.viewDidDisappear();
+
+    capture->opens = true;
+    screen.viewWillAppear();
+    capture->feed(zt::testing::sine(110.0, 2400));
+    runFor(80);
+    EXPECT_FALSE(screen.microphoneAlert());
+    EXPECT_TRUE(screen.polling());
+    EXPECT_EQ(screen.frequencyText(), "110.0 Hz");
+
+    // The device goes away while listening; leaving closes the alert.
+    capture->lose();
+    runFor(80);
+    EXPECT_TRUE(screen.microphoneAlert());
+    EXPECT_FALSE(screen.polling());
+    screen.viewDidDisappear();
+    EXPECT_FALSE(screen.microphoneAlert());
+}
