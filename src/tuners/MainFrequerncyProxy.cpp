@@ -4,8 +4,8 @@
 #include "dsp/PDAFacade.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
-#include "sound/MicrophoneCapture.h"
 #include "state/StateKeys.h"
+#include "tuners/ChromaticSection.h"
 #include "tuners/NoteChoice.h"
 #include "tuners/SettingsProxy.h"
 #include "tuners/TuningCatalogue.h"
@@ -16,8 +16,9 @@ namespace {
 constexpr int kOctaves = 8;
 }
 
-MainFrequerncyProxy::MainFrequerncyProxy(std::shared_ptr<AudioCapture> capture)
-    : Proxy(NAME), capture_(capture ? std::move(capture) : std::make_shared<MicrophoneCapture>()) {}
+MainFrequerncyProxy::MainFrequerncyProxy(std::shared_ptr<AudioCapture> capture,
+                                         InputSource::DeviceList devices)
+    : Proxy(NAME), input_(std::move(capture), std::move(devices)), capture_(input_.capture({})) {}
 
 void MainFrequerncyProxy::initializeProxy() {
     isAudioSessionStop_ = false;
@@ -31,13 +32,11 @@ void MainFrequerncyProxy::initVariables(const Dictionary& savedData) {
     log("!!!!!dict = " + Value(savedData).describe());
     namespace keys = state::chromatic;
     isAllNotes_ = state::read(savedData, keys::kAllNotes);
-    setTaperMode(state::read(savedData, keys::kTaper));
-    const double frequency = valueFor(savedData, keys::kBaseFrequency.name).toDouble(0.0);
-    baseNote_ =
-        frequency < 1.0
-            ? NotationFacade::getBaseNote()
-            : Note(static_cast<std::uint16_t>(state::read(savedData, keys::kBaseOctave)),
-                   static_cast<std::uint16_t>(state::read(savedData, keys::kBaseIndex)), frequency);
+    setTaperMode(chromatic::taperMode(savedData));
+    baseNote_ = chromatic::baseNote(savedData);
+    if (chromatic::classicDetection(savedData) != classic_)
+        setClassicDetection(!classic_);
+    capture_ = input_.capture(chromatic::inputDevice(savedData));
     log("callFromProxy");
     const auto system =
         NotationFacade::generateNoteSystem(NotationFacade::kEqualTemperament, baseNote_, 12);
