@@ -10,25 +10,33 @@
 namespace zt {
 
 namespace {
-constexpr int kPollMs = 50;
 // A slider value a hair below a whole percent (0.35 held as 0.3499999)
 // still counts as that percent.
 constexpr double kPercentSlack = 1e-6;
 }  // namespace
 
-MicrophoneCalibrating::MicrophoneCalibrating(QObject* parent) : Screen(parent) {
-    timer_.setInterval(kPollMs);
-    connect(&timer_, &QTimer::timeout, this, [this] {
-        if (delegate_)
-            delegate_->getVolumeLevel();
-    });
+MicrophoneCalibrating::MicrophoneCalibrating(QObject* parent)
+    : MeasuringScreen(QStringLiteral("The microphone sensitivity calibrating requires a microphone "
+                                     "to work. If you are using a device which does not include "
+                                     "a built-in microphone, you must connect an external "
+                                     "microphone via the headset jack."),
+                      parent) {}
+
+void MicrophoneCalibrating::startSession() {
+    if (delegate_)
+        delegate_->startAudioSession();
 }
 
-QString MicrophoneCalibrating::alertMessage() const {
-    return QStringLiteral(
-        "The microphone sensitivity calibrating requires a microphone to work. If you are using a "
-        "device which does not include a built-in microphone, you must connect an external "
-        "microphone via the headset jack.");
+void MicrophoneCalibrating::stopSession() {
+    progress_ = 0.0;
+    emit changed();
+    if (delegate_)
+        delegate_->stopAudioSession();
+}
+
+void MicrophoneCalibrating::poll() {
+    if (delegate_)
+        delegate_->getVolumeLevel();
 }
 
 void MicrophoneCalibrating::setSliderValue(double value) {
@@ -55,44 +63,6 @@ void MicrophoneCalibrating::showIntensity(int level) {
     emit changed();
 }
 
-void MicrophoneCalibrating::showMicrophoneDetectAlertView() {
-    stopMeasuring();
-    alertShown_ = true;
-    emit changed();
-}
-
-void MicrophoneCalibrating::dismissAlert() {
-    alertShown_ = false;
-    emit changed();
-}
-
-void MicrophoneCalibrating::startMeasuring() {
-    if (timer_.isActive())
-        return;
-    if (delegate_)
-        delegate_->startAudioSession();
-    timer_.start();
-    emit changed();
-}
-
-void MicrophoneCalibrating::stopMeasuring() {
-    const bool was = timer_.isActive();
-    timer_.stop();
-    if (was && delegate_)
-        delegate_->stopAudioSession();
-    progress_ = 0.0;
-    emit changed();
-}
-
-void MicrophoneCalibrating::ok() {
-    saveSettings();
-    emit backRequested();
-}
-
-void MicrophoneCalibrating::cancel() {
-    emit backRequested();
-}
-
 void MicrophoneCalibrating::saveSettings() {
     tresholdPercent_ = static_cast<int>(std::floor(sliderValue_ * 100.0 + kPercentSlack));
     if (delegate_)
@@ -112,11 +82,7 @@ void MicrophoneCalibrating::viewWillAppear() {
 }
 
 void MicrophoneCalibrating::viewWillDisappear() {
-    timer_.stop();
-    if (delegate_)
-        delegate_->stopAudioSession();
-    progress_ = 0.0;
-    emit changed();
+    endMeasuring();
 }
 
 }  // namespace zt

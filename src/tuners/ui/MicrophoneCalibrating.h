@@ -8,25 +8,20 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <QString>
-#include <QTimer>
 
-#include "app/Screen.h"
 #include "framework/Value.h"
+#include "tuners/ui/MeasuringScreen.h"
 
 namespace zt {
 
 class MicrophoneCalibratingDelegate;
 
-class MicrophoneCalibrating : public zt::Screen {
+class MicrophoneCalibrating : public MeasuringScreen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")
     Q_PROPERTY(double sliderValue READ sliderValue WRITE setSliderValue NOTIFY changed)
     Q_PROPERTY(double progress READ progress NOTIFY changed)
-    Q_PROPERTY(bool measuring READ measuring NOTIFY changed)
-    Q_PROPERTY(bool alertShown READ alertShown NOTIFY changed)
-    Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
-    Q_PROPERTY(QString alertMessage READ alertMessage CONSTANT)
 
 public:
     explicit MicrophoneCalibrating(QObject* parent = nullptr);
@@ -37,10 +32,6 @@ public:
     double sliderValue() const { return sliderValue_; }
     void setSliderValue(double value);
     double progress() const { return progress_; }
-    bool measuring() const { return timer_.isActive(); }
-    bool alertShown() const { return alertShown_; }
-    QString alertTitle() const { return QStringLiteral("Microphone Required"); }
-    QString alertMessage() const;
     int tresholdPercent() const { return tresholdPercent_; }
     int taperMode() const { return taperMode_; }
 
@@ -49,29 +40,27 @@ public:
     // level 0 to 100 (not clamped: the bar shows level / 100).
     void showIntensity(int level);
     void setTreshold(int percent);
-    void showMicrophoneDetectAlertView();
-
-    Q_INVOKABLE void startMeasuring();
-    Q_INVOKABLE void stopMeasuring();
-    Q_INVOKABLE void ok();
-    Q_INVOKABLE void cancel();
-    Q_INVOKABLE void dismissAlert();
 
     void viewWillAppear() override;
     void viewWillDisappear() override;
 
     // {"Treshold": the slider in whole percent, rounded down}.
-    void saveSettings();
+    void saveSettings() override;
 
 signals:
     void changed();
 
+protected:
+    void startSession() override;
+    // The level bar empties when measuring stops.
+    void stopSession() override;
+    // One level reading.
+    void poll() override;
+
 private:
     MicrophoneCalibratingDelegate* delegate_ = nullptr;
-    QTimer timer_;
     double sliderValue_ = 0.0;
     double progress_ = 0.0;
-    bool alertShown_ = false;
     int tresholdPercent_ = 0;
     int taperMode_ = 0;
 };

@@ -15,6 +15,14 @@ Rectangle {
 
     color: Theme.background
 
+    // A card holding one control, placed freely inside it.
+    component Panel: RoundedBox {
+        width: content.width
+        radius: Theme.cardRadius
+        color: Theme.panel
+        border.color: Theme.separator
+    }
+
     Column {
         id: content
 
@@ -27,11 +35,10 @@ Rectangle {
             width: content.width
             text: "Current volume level"
         }
-        Card {
-            width: content.width
+        Panel {
             height: 44
 
-            RoundedBox {
+            Rectangle {
                 objectName: "levelBar"
                 anchors.centerIn: parent
                 width: Math.round(parent.width - 32)
@@ -54,8 +61,7 @@ Rectangle {
             width: content.width
             text: "Current threshold"
         }
-        Card {
-            width: content.width
+        Panel {
             height: 56
 
             Slider {

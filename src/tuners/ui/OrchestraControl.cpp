@@ -8,24 +8,28 @@
 
 namespace zt {
 
-namespace {
-constexpr int kPollMs = 50;
-}
-
 OrchestraControl::OrchestraControl(QObject* parent)
-    : Screen(parent), noteNames_{"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"} {
-    timer_.setInterval(kPollMs);
-    connect(&timer_, &QTimer::timeout, this, [this] {
-        if (delegate_)
-            delegate_->getFrequency();
-    });
+    : MeasuringScreen(QStringLiteral("The orchestra tuning requires a microphone to work. If you "
+                                     "are using a device which does not include a built-in "
+                                     "microphone, you must connect an external microphone via "
+                                     "the headset jack. Or, you can adjust base frequency "
+                                     "manually."),
+                      parent),
+      noteNames_{"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"} {}
+
+void OrchestraControl::startSession() {
+    if (delegate_)
+        delegate_->startAudioSession();
 }
 
-QString OrchestraControl::alertMessage() const {
-    return QStringLiteral(
-        "The orchestra tuning requires a microphone to work. If you are using a device which does "
-        "not include a built-in microphone, you must connect an external microphone via the "
-        "headset jack. Or, you can adjust base frequency manually.");
+void OrchestraControl::stopSession() {
+    if (delegate_)
+        delegate_->stopAudioSession();
+}
+
+void OrchestraControl::poll() {
+    if (delegate_)
+        delegate_->getFrequency();
 }
 
 QString OrchestraControl::frequencyText(double hertz) {
@@ -51,35 +55,6 @@ void OrchestraControl::showNoteAndFreq(const NoteDescription& note) {
 
 void OrchestraControl::setBaseNote(const Note& note) {
     baseNote_ = note;
-    emit changed();
-}
-
-void OrchestraControl::showMicrophoneDetectAlertView() {
-    // Measuring ends with the alert; manual steps stay available.
-    stopMeasuring();
-    alertShown_ = true;
-    emit changed();
-}
-
-void OrchestraControl::dismissAlert() {
-    alertShown_ = false;
-    emit changed();
-}
-
-void OrchestraControl::startMeasuring() {
-    if (timer_.isActive())
-        return;
-    if (delegate_)
-        delegate_->startAudioSession();
-    timer_.start();
-    emit changed();
-}
-
-void OrchestraControl::stopMeasuring() {
-    const bool was = timer_.isActive();
-    timer_.stop();
-    if (was && delegate_)
-        delegate_->stopAudioSession();
     emit changed();
 }
 
@@ -115,20 +90,11 @@ void OrchestraControl::pickNote(int index) {
     emit changed();
 }
 
-void OrchestraControl::ok() {
-    if (delegate_)
-        delegate_->askForBaseNote();
-    saveSettings();
-    emit backRequested();
-}
-
-void OrchestraControl::cancel() {
-    emit backRequested();
-}
-
 void OrchestraControl::saveSettings() {
     if (!delegate_)
         return;
+    // The note as adjusted: the mediator answers at once with the proxy's.
+    delegate_->askForBaseNote();
     namespace keys = state::chromatic;
     delegate_->saveChromaticTunerSettings({{keys::kBaseOctave.name, int{baseNote_.getOctave()}},
                                            {keys::kBaseIndex.name, int{baseNote_.getIndex()}},
@@ -147,10 +113,7 @@ void OrchestraControl::viewWillAppear() {
 
 void OrchestraControl::viewWillDisappear() {
     hideNoteIndexPicker();
-    timer_.stop();
-    if (delegate_)
-        delegate_->stopAudioSession();
-    emit changed();
+    endMeasuring();
 }
 
 }  // namespace zt

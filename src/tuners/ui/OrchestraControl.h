@@ -11,31 +11,26 @@
 
 #include <QString>
 #include <QStringList>
-#include <QTimer>
 
-#include "app/Screen.h"
 #include "dsp/Note.h"
 #include "dsp/NoteDescription.h"
 #include "framework/Value.h"
+#include "tuners/ui/MeasuringScreen.h"
 
 namespace zt {
 
 class OrchestraControlDelegate;
 
-class OrchestraControl : public zt::Screen {
+class OrchestraControl : public MeasuringScreen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")
     Q_PROPERTY(QStringList noteNames READ noteNames CONSTANT)
     Q_PROPERTY(int noteIndex READ noteIndex NOTIFY changed)
     Q_PROPERTY(bool pickerOpen READ pickerOpen NOTIFY changed)
-    Q_PROPERTY(bool measuring READ measuring NOTIFY changed)
     Q_PROPERTY(QString defaultValueText READ defaultValueText NOTIFY changed)
     Q_PROPERTY(QString customValueText READ customValueText NOTIFY changed)
     Q_PROPERTY(QString centsValueText READ centsValueText NOTIFY changed)
-    Q_PROPERTY(bool alertShown READ alertShown NOTIFY changed)
-    Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
-    Q_PROPERTY(QString alertMessage READ alertMessage CONSTANT)
 
 public:
     explicit OrchestraControl(QObject* parent = nullptr);
@@ -46,13 +41,9 @@ public:
     QStringList noteNames() const { return noteNames_; }
     int noteIndex() const { return baseNote_.getIndex(); }
     bool pickerOpen() const { return pickerOpen_; }
-    bool measuring() const { return timer_.isActive(); }
     QString defaultValueText() const { return defaultValueText_; }
     QString customValueText() const { return customValueText_; }
     QString centsValueText() const { return centsValueText_; }
-    bool alertShown() const { return alertShown_; }
-    QString alertTitle() const { return QStringLiteral("Microphone Required"); }
-    QString alertMessage() const;
     const Note& baseNote() const { return baseNote_; }
     int taperMode() const { return taperMode_; }
     double currentFreq() const { return currentFreq_; }
@@ -65,34 +56,32 @@ public:
     void setSavedData(const Dictionary& data);
     void showNoteAndFreq(const NoteDescription& note);
     void setBaseNote(const Note& note);
-    void showMicrophoneDetectAlertView();
 
-    Q_INVOKABLE void startMeasuring();
-    Q_INVOKABLE void stopMeasuring();
     // tag -10, -1, +1, +10: -1.0, -0.1, +0.1, +1.0 Hz from the shown value.
     Q_INVOKABLE void manualIncrementor(int tag);
     Q_INVOKABLE void showNoteIndexPicker();
     Q_INVOKABLE void hideNoteIndexPicker();
     Q_INVOKABLE void pickNote(int index);
-    Q_INVOKABLE void ok();
-    Q_INVOKABLE void cancel();
-    Q_INVOKABLE void dismissAlert();
 
     void viewWillAppear() override;
     void viewWillDisappear() override;
 
     // The adjusted base note to the delegate.
-    void saveSettings();
+    void saveSettings() override;
 
 signals:
     void changed();
 
+protected:
+    void startSession() override;
+    void stopSession() override;
+    // One measurement.
+    void poll() override;
+
 private:
     OrchestraControlDelegate* delegate_ = nullptr;
     QStringList noteNames_;
-    QTimer timer_;
     bool pickerOpen_ = false;
-    bool alertShown_ = false;
     int taperMode_ = 0;
     Note baseNote_{4, 9, 440.0};
     double currentFreq_ = 440.0;

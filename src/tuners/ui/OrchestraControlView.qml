@@ -33,7 +33,7 @@ Rectangle {
         property bool last: false
 
         width: parent ? parent.width : 0
-        height: 36
+        height: 33
 
         Text {
             anchors.left: parent.left
@@ -70,9 +70,9 @@ Rectangle {
             id: content
 
             x: (flick.width - width) / 2
-            y: 12
+            y: 10
             width: Math.min(flick.width - 24, Theme.columnWidth)
-            spacing: 8
+            spacing: 7
 
             Card {
                 width: content.width
@@ -163,10 +163,6 @@ Rectangle {
                 }
             }
 
-            Item {
-                width: 1
-                height: 4
-            }
             Row {
                 id: answers
 

@@ -35,9 +35,9 @@ Rectangle {
             y: 0
             width: Math.min(flick.width - 24, Theme.columnWidth)
 
-            SectionHeader {
-                width: content.width
-                text: "Display"
+            Item {
+                width: 1
+                height: 12
             }
 
             Card {
@@ -75,9 +75,9 @@ Rectangle {
                 }
             }
 
-            SectionHeader {
-                width: content.width
-                text: "Tuner"
+            Item {
+                width: 1
+                height: 12
             }
 
             Card {
