@@ -16,7 +16,7 @@ namespace zt {
 
 class MicrophoneCalibratingDelegate;
 
-class MicrophoneCalibrating : public MeasuringScreen {
+class MicrophoneCalibrating : public zt::MeasuringScreen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")

@@ -21,7 +21,7 @@ namespace zt {
 
 class OrchestraControlDelegate;
 
-class OrchestraControl : public MeasuringScreen {
+class OrchestraControl : public zt::MeasuringScreen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")
