@@ -13,6 +13,7 @@
 #include "framework/Log.h"
 #include "tuners/ChromaticSection.h"
 #include "tuners/MainFrequerncyProxy.h"
+#include "tuners/MicrophoneProxy.h"
 #include "tuners/OrchestraControlProxy.h"
 
 namespace zt {
@@ -169,6 +170,33 @@ TEST_F(CalibrationTest, MeasurementsSmoothSmallDriftsAndHoldWithoutPitch) {
     capture->lose();
     EXPECT_EQ(proxy->getNoteDesctiption().frequency, -2.0);
     proxy->stopAudioSession();
+}
+
+TEST_F(CalibrationTest, RealSoundMeasuresTheBaseAndTheLevel) {
+    auto capture = std::make_shared<testing::FakeCapture>();
+    auto orchestra = makeProxy<OrchestraControlProxy>(capture);
+    Facade::getInstance().registerProxy(orchestra);
+    orchestra->setBaseNote(Note(4, 9, 440.0));
+    orchestra->startAudioSession();
+    capture->feed(testing::sine(441.0, 2400));
+    const NoteDescription& d = orchestra->getNoteDesctiption();
+    EXPECT_NEAR(d.frequency, 441.0, 0.02);
+    EXPECT_EQ(d.cents, 4.0);
+    EXPECT_EQ(orchestra->getBaseNote().getOctave(), 4);
+    orchestra->stopAudioSession();
+
+    auto microphone = makeProxy<MicrophoneProxy>(capture);
+    Facade::getInstance().registerProxy(microphone);
+    microphone->startAudioSession();
+    capture->feed(std::vector<std::int16_t>(2400, 0));
+    const int silence = microphone->getMainVolume();
+    capture->feed(testing::sine(220.0, 2400));
+    const int tone = microphone->getMainVolume();
+    EXPECT_EQ(silence, 0);
+    EXPECT_GT(tone, 50) << "a full-scale tone reads high";
+    capture->lose();
+    EXPECT_EQ(microphone->getMainVolume(), -2);
+    microphone->stopAudioSession();
 }
 
 }  // namespace
