@@ -46,6 +46,9 @@ public:
 
 signals:
     void titleChanged();
+    // The screen asks to be taken off the top of its navigation stack (its
+    // own OK or Cancel, as the back button would).
+    void backRequested();
 
 private:
     QString title_;

@@ -40,6 +40,9 @@ Page {
             elide: Text.ElideRight
             text: page.screen ? page.screen.title : ""
             color: Theme.text
+            // A long title shrinks a little before it is cut short.
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 12
             font.pixelSize: 17
             font.bold: true
         }

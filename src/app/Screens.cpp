@@ -13,12 +13,20 @@
 #include "metronome/ui/MetronomeSettingsMediator.h"
 #include "tuners/ui/CommonSettings.h"
 #include "tuners/ui/CommonSettingsMediator.h"
+#include "tuners/ui/MicrophoneCalibrating.h"
+#include "tuners/ui/MicrophoneCalibratingMediator.h"
+#include "tuners/ui/OrchestraControl.h"
+#include "tuners/ui/OrchestraControlMediator.h"
 #include "tuners/ui/TunerBrain.h"
 #include "tuners/ui/TunerBrainMediator.h"
 #include "tuners/ui/TunerBrainSettings.h"
 #include "tuners/ui/TunerBrainSettingsMediator.h"
 #include "tuners/ui/TunerChromatic.h"
 #include "tuners/ui/TunerChromaticMediator.h"
+#include "tuners/ui/TunerChromaticSettings.h"
+#include "tuners/ui/TunerChromaticSettingsMediator.h"
+#include "tuners/ui/TunerChromaticTaper.h"
+#include "tuners/ui/TunerChromaticTaperMediator.h"
 
 namespace zt {
 
@@ -80,14 +88,16 @@ const std::vector<ScreenRow>& screenTable() {
          "tuners/ui/TunerBrainView.qml", false},
         {"tunerBrainSettings", "Settings", BrainTab, makeTunerBrainSettings,
          mediate<TunerBrainSettingsMediator>, "tuners/ui/TunerBrainSettingsView.qml", false},
-        {"tunerChromaticSettings", "Settings", ChromaticTab, make<PlaceholderScreen>, nullptr,
-         kPlaceholder, false},
-        {"tunerChromaticTaper", "Tapering functions", ChromaticTab, make<PlaceholderScreen>,
-         nullptr, kPlaceholder, false},
-        {"orchestraControl", "Orchestra Tuning", ChromaticTab, make<PlaceholderScreen>, nullptr,
-         kPlaceholder, false},
-        {"microphoneCalibrating", "Microphone sensitivity", ChromaticTab, make<PlaceholderScreen>,
-         nullptr, kPlaceholder, false},
+        {"tunerChromaticSettings", "Settings", ChromaticTab, make<TunerChromaticSettings>,
+         mediate<TunerChromaticSettingsMediator>, "tuners/ui/TunerChromaticSettingsView.qml",
+         false},
+        {"tunerChromaticTaper", "Settings", ChromaticTab, make<TunerChromaticTaper>,
+         mediate<TunerChromaticTaperMediator>, "tuners/ui/TunerChromaticTaperView.qml", false},
+        {"orchestraControl", "Orchestra Tuning", ChromaticTab, make<OrchestraControl>,
+         mediate<OrchestraControlMediator>, "tuners/ui/OrchestraControlView.qml", false},
+        {"microphoneCalibrating", "Microphone sensitivity", ChromaticTab,
+         make<MicrophoneCalibrating>, mediate<MicrophoneCalibratingMediator>,
+         "tuners/ui/MicrophoneCalibratingView.qml", false},
         {"howToEnter", "How to enter", kAnyTab, make<PlaceholderScreen>, nullptr, kPlaceholder,
          false},
     };

@@ -10,6 +10,8 @@
 #include "sound/MediaProxy.h"
 #include "state/StateProxy.h"
 #include "tuners/MainFrequerncyProxy.h"
+#include "tuners/MicrophoneProxy.h"
+#include "tuners/OrchestraControlProxy.h"
 #include "tuners/SettingsProxy.h"
 
 namespace zt {
@@ -30,6 +32,8 @@ void StartupCommand::execute(const Notification& notification) {
 
     f.registerProxy(makeProxy<MediaProxy>());
     f.registerProxy(makeProxy<MetronomeProxy>());
+    f.registerProxy(makeProxy<OrchestraControlProxy>());
+    f.registerProxy(makeProxy<MicrophoneProxy>());
 
     sendNotification("GetCommonState");
 

@@ -13,7 +13,14 @@ Tools::Tools(const ScreenEngines& engines, QObject* parent)
         Screen* made = row.makeScreen(*this, engines);
         made->setParent(this);
         made->setTitle(QString::fromUtf8(row.title));
-        screens_.insert(QString::fromUtf8(row.key), made);
+        const QString key = QString::fromUtf8(row.key);
+        screens_.insert(key, made);
+        connect(made, &Screen::backRequested, this, [this, key] {
+            for (int tab = 0; tab < stacks_.size(); ++tab) {
+                if (!stacks_[tab].isEmpty() && stacks_[tab].last() == key)
+                    goBack(tab);
+            }
+        });
     }
 }
 

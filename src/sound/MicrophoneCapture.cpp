@@ -7,7 +7,6 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <cstring>
 
 #include "framework/Log.h"
 
@@ -24,15 +23,6 @@ ALCdevice* alDevice(void* device) {
 
 MicrophoneCapture::~MicrophoneCapture() {
     stop();
-}
-
-std::vector<std::string> MicrophoneCapture::captureDeviceNames() {
-    std::vector<std::string> names;
-    // A list of names each ended by a null, the whole ended by a second null.
-    const ALCchar* list = alcGetString(nullptr, ALC_CAPTURE_DEVICE_SPECIFIER);
-    for (const ALCchar* name = list; name && *name; name += std::strlen(name) + 1)
-        names.emplace_back(name);
-    return names;
 }
 
 bool MicrophoneCapture::start(CaptureSink& sink, int rate) {

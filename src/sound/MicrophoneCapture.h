@@ -10,7 +10,6 @@
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "dsp/AudioCapture.h"
 
@@ -18,17 +17,16 @@ namespace zt {
 
 class MicrophoneCapture final : public AudioCapture {
 public:
-    // deviceName: one of captureDeviceNames(); empty for the system's default.
+    // deviceName: one of capture::deviceNames(); empty for the system's default.
     explicit MicrophoneCapture(std::string deviceName = {}) : deviceName_(std::move(deviceName)) {}
     ~MicrophoneCapture() override;
     MicrophoneCapture(const MicrophoneCapture&) = delete;
     MicrophoneCapture& operator=(const MicrophoneCapture&) = delete;
 
-    static std::vector<std::string> captureDeviceNames();
-
     bool start(CaptureSink& sink, int rate) override;
     void stop() override;
     State state() const override { return state_.load(std::memory_order_acquire); }
+    const std::string& deviceName() const { return deviceName_; }
 
 private:
     void run(CaptureSink& sink);

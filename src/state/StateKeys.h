@@ -64,6 +64,10 @@ inline constexpr RealKey kBaseFrequency{"baseFrequency", 440.0, 1.0,
 inline constexpr BoolKey kLinearScale{"LinearScale", false};
 // Microphone threshold, percent.
 inline constexpr IntKey kTreshold{"Treshold", 10, 0, 100};
+// Our own keys, absent from older files: the overtone detector instead of the
+// fine one, and the capture device by name (empty: the system's default).
+inline constexpr BoolKey kClassicDetection{"ClassicDetection", false};
+inline constexpr TextKey kInputDevice{"InputDevice", ""};
 }  // namespace chromatic
 
 namespace brain {

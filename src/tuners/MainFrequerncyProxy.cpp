@@ -4,10 +4,9 @@
 #include "dsp/PDAFacade.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
-#include "sound/MicrophoneCapture.h"
 #include "state/StateKeys.h"
+#include "tuners/ChromaticSection.h"
 #include "tuners/NoteChoice.h"
-#include "tuners/SavedBaseNote.h"
 #include "tuners/SettingsProxy.h"
 #include "tuners/TuningCatalogue.h"
 
@@ -17,8 +16,9 @@ namespace {
 constexpr int kOctaves = 8;
 }
 
-MainFrequerncyProxy::MainFrequerncyProxy(std::shared_ptr<AudioCapture> capture)
-    : Proxy(NAME), capture_(capture ? std::move(capture) : std::make_shared<MicrophoneCapture>()) {}
+MainFrequerncyProxy::MainFrequerncyProxy(std::shared_ptr<AudioCapture> capture,
+                                         InputSource::DeviceList devices)
+    : Proxy(NAME), input_(std::move(capture), std::move(devices)), capture_(input_.capture({})) {}
 
 void MainFrequerncyProxy::initializeProxy() {
     isAudioSessionStop_ = false;
@@ -32,8 +32,11 @@ void MainFrequerncyProxy::initVariables(const Dictionary& savedData) {
     log("!!!!!dict = " + Value(savedData).describe());
     namespace keys = state::chromatic;
     isAllNotes_ = state::read(savedData, keys::kAllNotes);
-    setTaperMode(state::read(savedData, keys::kTaper));
-    baseNote_ = savedBaseNote(savedData);
+    setTaperMode(chromatic::taperMode(savedData));
+    baseNote_ = chromatic::baseNote(savedData);
+    if (chromatic::classicDetection(savedData) != classic_)
+        setClassicDetection(!classic_);
+    capture_ = input_.capture(chromatic::inputDevice(savedData));
     log("callFromProxy");
     const auto system =
         NotationFacade::generateNoteSystem(NotationFacade::kEqualTemperament, baseNote_, 12);

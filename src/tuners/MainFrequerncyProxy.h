@@ -27,6 +27,7 @@
 #include "framework/Proxy.h"
 #include "state/SavedDataReceiver.h"
 #include "tuners/FrequencyReaders.h"
+#include "tuners/InputSource.h"
 
 namespace zt {
 
@@ -40,8 +41,9 @@ public:
     static constexpr const char* NAME = "MainFrequerncyProxy";
 
     // capture: where the session's sound comes from; nullptr for the
-    // system's default microphone.
-    explicit MainFrequerncyProxy(std::shared_ptr<AudioCapture> capture = nullptr);
+    // microphone on the saved input device (see InputSource).
+    explicit MainFrequerncyProxy(std::shared_ptr<AudioCapture> capture = nullptr,
+                                 InputSource::DeviceList devices = {});
 
     // The fine detector with the Gauss window at sensitivity 50; the
     // settings proxy, when registered, for the current tuning.
@@ -50,7 +52,9 @@ public:
     // The chromatic section: "AllNotes", "Taper", the base note
     // ("baseOctave", "baseIndex", "baseFrequency"; A4 = 440 Hz when the
     // frequency is below 1 or missing), from which the 96 candidates are
-    // made; the reading starts over (no frequency yet).
+    // made; the reading starts over (no frequency yet). Also our own keys:
+    // "ClassicDetection" (the detector) and "InputDevice" (the microphone
+    // the next session opens).
     void initVariables(const Dictionary& savedData) override;
 
     // Loads the saved settings (through "GetChromaticTunerSavedData"), then
@@ -77,6 +81,8 @@ public:
     // Classic detection: the overtone detector instead of the fine one.
     void setClassicDetection(bool classic);
     bool isClassicDetection() const { return classic_; }
+    // The capture device the session opens; empty for the default.
+    const std::string& inputDevice() const { return input_.deviceName(); }
 
     bool isAllNotes() const { return isAllNotes_; }
     void setIsAllNotes(bool allNotes) { isAllNotes_ = allNotes; }
@@ -101,6 +107,7 @@ private:
     void gatherCandidates();
     void applyDetectorSettings();
 
+    InputSource input_;
     std::shared_ptr<AudioCapture> capture_;
     FrequencyAnalyzer* frequencyAnalyzer_ = nullptr;
     const std::array<const char*, 12> noteNames_{"C",  "C#", "D",  "D#", "E",  "F",

@@ -73,6 +73,16 @@ TEST_F(ToolsShellTest, EveryShowRoutePushesOntoTheStackThatHoldsItsScreen) {
     EXPECT_EQ(tools_.stack(0), QStringList({"metronome"}));
 }
 
+TEST_F(ToolsShellTest, AScreenAskingToGoBackLeavesOnlyItsOwnStack) {
+    startShell();
+    for (const char* name : {"ShowTunerChromaticSettings", "ShowOrchestra"})
+        Facade::getInstance().sendNotification(name);
+    emit tools_.screen("orchestraControl")->backRequested();
+    EXPECT_EQ(tools_.stack(1), QStringList({"tunerChromatic", "tunerChromaticSettings"}));
+    emit tools_.screen("orchestraControl")->backRequested();
+    EXPECT_EQ(tools_.stack(1).size(), 2) << "not on top any more: nothing to do";
+}
+
 TEST_F(ToolsShellTest, EmptyActionsChangeNothingAndShowTunerBrainSelectsTab2) {
     startShell();
     for (const char* name : {"ShowMetronome", "ShowChordsLibrary", "ShowHowToEnter"}) {

@@ -15,9 +15,9 @@
 #include "state/StateKeys.h"
 #include "state/StateProxy.h"
 #include "state/StateTestSupport.h"
+#include "tuners/ChromaticSection.h"
 #include "tuners/FrequencyCommands.h"
 #include "tuners/MainFrequerncyProxy.h"
-#include "tuners/SavedBaseNote.h"
 #include "tuners/SettingsProxy.h"
 #include "tuners/ui/TunerChromatic.h"
 #include "tuners/ui/TunerChromaticMediator.h"
@@ -265,10 +265,10 @@ TEST_F(TunerChromaticTest, SavedValuesOutOfRangeFallBack) {
         {"calibrated", {{"Taper", 3}, {"Treshold", 40}, {"baseFrequency", 442.0}}, 3, 40, 442.0},
         {"base frequency 0", {{"baseFrequency", 0.0}}, 0, 10, 440.0},
         {"negative base", {{"baseFrequency", -3.0}}, 0, 10, 440.0},
-        {"10 kHz base", {{"baseFrequency", 10000.0}}, 0, 10, 440.0},
+        {"10 kHz base", {{"baseFrequency", 10000.0}}, 0, 10, 660.0},
         {"taper 9", {{"Taper", 9}}, 0, 10, 440.0},
-        {"treshold -5", {{"Treshold", -5}}, 0, 10, 440.0},
-        {"treshold 500", {{"Treshold", 500}}, 0, 10, 440.0},
+        {"treshold -5", {{"Treshold", -5}}, 0, 0, 440.0},
+        {"treshold 500", {{"Treshold", 500}}, 0, 100, 440.0},
     };
     for (const auto& row : rows) {
         Dictionary section = state::defaultSavedState()["ChromaticSettings"].dictionary();
@@ -277,7 +277,7 @@ TEST_F(TunerChromaticTest, SavedValuesOutOfRangeFallBack) {
         screen.setSavedData(section);
         EXPECT_EQ(screen.taperMode(), row.taper) << row.name;
         EXPECT_EQ(screen.tresholdPercent(), row.treshold) << row.name;
-        EXPECT_NEAR(concertPitchOf(screen.baseNote()), row.a4, 1e-9) << row.name;
+        EXPECT_NEAR(chromatic::concertPitchOf(screen.baseNote()), row.a4, 1e-9) << row.name;
     }
     settings->setTuning(52);
     screen.setTuningTuner(60);

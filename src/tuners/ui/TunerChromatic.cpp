@@ -6,7 +6,7 @@
 
 #include "framework/Log.h"
 #include "state/StateKeys.h"
-#include "tuners/SavedBaseNote.h"
+#include "tuners/ChromaticSection.h"
 #include "tuners/ui/TunerChromaticDelegate.h"
 #include "tuners/ui/TunerDial.h"
 
@@ -129,10 +129,10 @@ void TunerChromatic::setSavedData(const Dictionary& data) {
     }
     if (delegate_)
         delegate_->setIsAllNotes(isAllNotes_);
-    taperMode_ = state::read(data, keys::kTaper);
-    baseNote_ = savedBaseNote(data);
+    taperMode_ = chromatic::taperMode(data);
+    baseNote_ = chromatic::baseNote(data);
     const bool linear = state::read(data, keys::kLinearScale);
-    tresholdPercent_ = state::read(data, keys::kTreshold);
+    tresholdPercent_ = chromatic::tresholdPercent(data);
     if (linear != linearScale_) {
         linearScale_ = linear;
         emit scaleChanged();

@@ -1,0 +1,178 @@
+// The chromatic tuner's settings: the "Linear scale" and "All notes"
+// switches, the four ways to the tunings, tapering functions, microphone
+// sensitivity and orchestra tuning screens, then "Classic detection" and,
+// with more than one capture device, the input device. Everything shown
+// comes from the TunerChromaticSettings object and every touch is forwarded
+// to it. In a wide window the cards keep to a centred column.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import ZebTools
+
+Rectangle {
+    id: view
+
+    required property TunerChromaticSettings screen
+
+    color: Theme.background
+
+    Flickable {
+        id: flick
+
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: content.y + content.height + 16
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        ScrollIndicator.vertical: ScrollIndicator {}
+
+        Column {
+            id: content
+
+            x: (flick.width - width) / 2
+            y: 0
+            width: Math.min(flick.width - 24, Theme.columnWidth)
+
+            Item {
+                width: 1
+                height: 12
+            }
+
+            Card {
+                width: content.width
+
+                CardRow {
+                    objectName: "linearScaleRow"
+                    title: "Linear scale"
+                    first: true
+                    trailing: linearSwitch.width + 6
+                    onClicked: view.screen.selectRow(1)
+
+                    SettingsSwitch {
+                        id: linearSwitch
+
+                        objectName: "linearScaleSwitch"
+                        checked: view.screen.linearScale
+                        onToggled: view.screen.switcherLSAction()
+                    }
+                }
+                CardRow {
+                    objectName: "allNotesRow"
+                    title: "All notes"
+                    last: true
+                    trailing: allNotesSwitch.width + 6
+                    onClicked: view.screen.selectRow(2)
+
+                    SettingsSwitch {
+                        id: allNotesSwitch
+
+                        objectName: "allNotesSwitch"
+                        checked: view.screen.allNotes
+                        onToggled: view.screen.switcherANAction()
+                    }
+                }
+            }
+
+            Item {
+                width: 1
+                height: 12
+            }
+
+            Card {
+                width: content.width
+
+                Repeater {
+                    model: view.screen.settingsNames
+
+                    CardRow {
+                        id: entry
+
+                        required property string modelData
+                        required property int index
+
+                        objectName: "entryRow" + (index + 3)
+                        title: modelData
+                        first: index === 0
+                        last: index === view.screen.settingsNames.length - 1
+                        trailing: (index === 0 ? tuningName.implicitWidth + 10 : 0) + 16
+                        onClicked: view.screen.selectRow(index + 3)
+
+                        Text {
+                            id: tuningName
+
+                            visible: entry.index === 0
+                            anchors.right: parent.right
+                            anchors.rightMargin: 30
+                            anchors.verticalCenter: parent.verticalCenter
+                            text: view.screen.tuningName
+                            color: Theme.textDim
+                            font.pixelSize: 15
+                        }
+                        Text {
+                            anchors.right: parent.right
+                            anchors.rightMargin: 12
+                            anchors.verticalCenter: parent.verticalCenter
+                            text: "\u203A"
+                            color: Theme.textDim
+                            font.pixelSize: 22
+                        }
+                    }
+                }
+            }
+
+            SectionHeader {
+                width: content.width
+                text: "Detection"
+            }
+
+            Card {
+                width: content.width
+
+                CardRow {
+                    objectName: "classicDetectionRow"
+                    title: "Classic detection"
+                    first: true
+                    last: true
+                    trailing: classicSwitch.width + 6
+
+                    SettingsSwitch {
+                        id: classicSwitch
+
+                        objectName: "classicDetectionSwitch"
+                        checked: view.screen.classicDetection
+                        onToggled: view.screen.switcherCDAction()
+                    }
+                }
+            }
+
+            SectionHeader {
+                visible: view.screen.offersInputChoice
+                width: content.width
+                text: "Input device"
+            }
+
+            Card {
+                visible: view.screen.offersInputChoice
+                width: content.width
+
+                Repeater {
+                    model: view.screen.offersInputChoice ? view.screen.inputChoices : []
+
+                    CardRow {
+                        required property string modelData
+                        required property int index
+
+                        objectName: "inputRow" + index
+                        title: modelData
+                        marked: index === view.screen.inputChoice
+                        first: index === 0
+                        last: index === view.screen.inputChoices.length - 1
+                        onClicked: view.screen.chooseInput(index)
+                    }
+                }
+            }
+        }
+    }
+}
