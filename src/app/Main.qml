@@ -54,6 +54,14 @@ ApplicationWindow {
             }
         }
 
+        NoticeBanner {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.margins: 8
+            tools: window.tools
+        }
+
         LoadingCover {
             anchors.fill: parent
             visible: window.tools.loading

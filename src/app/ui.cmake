@@ -13,7 +13,7 @@ list(APPEND ZT_UI_SOURCES
   app/ScreenshotRunner.h app/ScreenshotRunner.cpp app/AppLog.h app/AppLog.cpp)
 list(APPEND ZT_QML_FILES
   app/Theme.qml app/Main.qml app/ToolTabBar.qml app/ToolStack.qml app/ScreenPage.qml
-  app/PlaceholderView.qml app/LoadingCover.qml
+  app/PlaceholderView.qml app/LoadingCover.qml app/NoticeBanner.qml
   app/controls/Card.qml app/controls/CardRow.qml app/controls/CheckMark.qml
   app/controls/CircleButton.qml app/controls/NavBarButton.qml app/controls/RowBackground.qml
   app/controls/RoundedBox.qml app/controls/RowSeparator.qml app/controls/RowText.qml

@@ -4,6 +4,10 @@
 // shown comes from the MetronomeSettings object and every touch is
 // forwarded to it; the add-preset dialog is PresetDialogs. The shell draws
 // the navigation bar. In a wide window the cards keep to a centred column.
+//
+// The whole table is one ListView over the presets, the other cards being
+// its header: only the preset rows on screen exist, however many presets
+// there are.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -14,29 +18,32 @@ Rectangle {
     id: view
 
     required property MetronomeSettings screen
+    readonly property real columnWidth: Math.min(width - 24, Theme.columnWidth)
 
     color: Theme.background
 
-    Flickable {
-        id: flick
+    ListView {
+        id: list
 
+        objectName: "settingsList"
         anchors.fill: parent
-        contentWidth: width
-        contentHeight: content.y + content.height + 16
-        boundsBehavior: Flickable.StopAtBounds
         clip: true
-
+        boundsBehavior: Flickable.StopAtBounds
+        model: view.screen.presets
         ScrollIndicator.vertical: ScrollIndicator {}
 
-        Column {
-            id: content
+        header: Column {
+            id: header
 
-            x: (flick.width - width) / 2
-            y: 16
-            width: Math.min(flick.width - 24, Theme.columnWidth)
+            // Where the presets card begins, in the header.
+            readonly property real cardTop: addRow.y
+
+            x: (list.width - width) / 2
+            width: view.columnWidth
+            topPadding: 16
 
             Card {
-                width: content.width
+                width: header.width
 
                 CardRow {
                     objectName: "accentRow"
@@ -78,12 +85,12 @@ Rectangle {
             }
 
             SectionHeader {
-                width: content.width
+                width: header.width
                 text: view.screen.packHeader
             }
 
             Card {
-                width: content.width
+                width: header.width
 
                 Repeater {
                     model: view.screen.packNames
@@ -103,91 +110,89 @@ Rectangle {
             }
 
             SectionHeader {
-                width: content.width
+                width: header.width
                 text: view.screen.presetsHeader
             }
 
-            Card {
-                id: presetsCard
+            ItemDelegate {
+                id: addRow
 
-                width: content.width
+                objectName: "addPresetRow"
+                x: 1
+                width: header.width - 2
+                height: Theme.rowHeight
+                leftPadding: 16
+                onClicked: view.screen.addPresetRequested()
+                background: RowBackground {
+                    down: addRow.down
+                    first: true
+                    last: view.screen.presets.count === 0
+                }
+                contentItem: Row {
+                    spacing: 10
 
-                ItemDelegate {
-                    id: addRow
+                    Rectangle {
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: 22
+                        height: 22
+                        radius: 11
+                        color: Theme.accent
 
-                    objectName: "addPresetRow"
-                    width: parent.width
-                    height: Theme.rowHeight
-                    leftPadding: 16
-                    onClicked: view.screen.addPresetRequested()
-                    background: RowBackground {
-                        down: addRow.down
-                        first: true
-                        last: view.screen.presetNames.length === 0
-                    }
-                    contentItem: Row {
-                        spacing: 10
-
-                        Rectangle {
-                            anchors.verticalCenter: parent.verticalCenter
-                            width: 22
-                            height: 22
-                            radius: 11
-                            color: Theme.accent
-
-                            Text {
-                                anchors.centerIn: parent
-                                text: "+"
-                                color: Theme.background
-                                font.pixelSize: 18
-                                font.bold: true
-                            }
-                        }
                         Text {
-                            anchors.verticalCenter: parent.verticalCenter
-                            text: view.screen.addPresetTitle
-                            color: Theme.accent
-                            font.pixelSize: 16
+                            anchors.centerIn: parent
+                            text: "+"
+                            color: Theme.background
+                            font.pixelSize: 18
+                            font.bold: true
                         }
                     }
-
-                    RowSeparator {
-                        visible: view.screen.presetNames.length > 0
+                    Text {
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: view.screen.addPresetTitle
+                        color: Theme.accent
+                        font.pixelSize: 16
                     }
                 }
 
-                Repeater {
-                    model: view.screen.presetNames
-
-                    PresetRow {
-                        required property string modelData
-                        required property int index
-
-                        screen: view.screen
-                        row: index + 1
-                        name: modelData
-                    }
+                RowSeparator {
+                    visible: view.screen.presets.count > 0
                 }
             }
         }
-    }
 
-    Timer {
-        id: scrollTimer
+        delegate: PresetRow {
+            required property int index
 
-        interval: 0
-        onTriggered: {
-            presetsCard.forceLayout()
-            content.forceLayout()
-            scrollAnimation.to = Math.max(0, flick.contentHeight - flick.height)
-            scrollAnimation.restart()
+            screen: view.screen
+            row: index + 1
+            x: (list.width - view.columnWidth) / 2 + 1
+            width: view.columnWidth - 2
+        }
+
+        footer: Item {
+            width: list.width
+            height: 17
+        }
+
+        // The presets card's frame, behind the rows: from the top of the
+        // add row to the last preset.
+        Rectangle {
+            parent: list.contentItem
+            z: -1
+            x: (list.width - width) / 2
+            y: list.headerItem ? list.headerItem.y + list.headerItem.cardTop - 1 : 0
+            width: view.columnWidth
+            height: (list.footerItem ? list.footerItem.y + 1 : list.contentHeight) - y
+            radius: Theme.cardRadius
+            color: Theme.panel
+            border.color: Theme.separator
         }
     }
 
     NumberAnimation {
         id: scrollAnimation
 
-        target: flick
+        target: list
         property: "contentY"
         duration: 250
         easing.type: Easing.OutCubic
@@ -196,10 +201,16 @@ Rectangle {
     Connections {
         target: view.screen
 
-        // The new preset is the last row: bring the bottom of the table into
-        // view once the rows are laid out.
-        function onScrollToPreset() {
-            scrollTimer.restart()
+        // Brings the new preset into view at the bottom, smoothly: the view
+        // finds where that is, then slides there from where it was.
+        function onScrollToPreset(row: int) {
+            Qt.callLater(() => {
+                const from = list.contentY
+                list.positionViewAtIndex(row - 1, ListView.End)
+                scrollAnimation.to = list.contentY
+                list.contentY = from
+                scrollAnimation.restart()
+            })
         }
     }
 
