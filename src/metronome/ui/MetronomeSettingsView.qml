@@ -8,7 +8,8 @@
 // The whole table is one ListView over the presets, the other cards being
 // its header: only the preset rows on screen exist, however many presets
 // there are.
-pragma ComponentBehavior: Bound
+// Not "pragma ComponentBehavior: Bound": Qt 6.4 cannot create a bound
+// component as a ListView's header.
 
 import QtQuick
 import QtQuick.Controls.Basic
@@ -33,7 +34,7 @@ Rectangle {
         ScrollIndicator.vertical: ScrollIndicator {}
 
         header: Column {
-            id: header
+            id: tableTop
 
             // Where the presets card begins, in the header.
             readonly property real cardTop: addRow.y
@@ -43,7 +44,7 @@ Rectangle {
             topPadding: 16
 
             Card {
-                width: header.width
+                width: tableTop.width
 
                 CardRow {
                     objectName: "accentRow"
@@ -85,12 +86,12 @@ Rectangle {
             }
 
             SectionHeader {
-                width: header.width
+                width: tableTop.width
                 text: view.screen.packHeader
             }
 
             Card {
-                width: header.width
+                width: tableTop.width
 
                 Repeater {
                     model: view.screen.packNames
@@ -110,7 +111,7 @@ Rectangle {
             }
 
             SectionHeader {
-                width: header.width
+                width: tableTop.width
                 text: view.screen.presetsHeader
             }
 
@@ -119,7 +120,7 @@ Rectangle {
 
                 objectName: "addPresetRow"
                 x: 1
-                width: header.width - 2
+                width: tableTop.width - 2
                 height: Theme.rowHeight
                 leftPadding: 16
                 onClicked: view.screen.addPresetRequested()
@@ -198,6 +199,16 @@ Rectangle {
         easing.type: Easing.OutCubic
     }
 
+    // A new list (each time the screen appears) starts at the top of the
+    // table; the view itself would start at the first preset.
+    Connections {
+        target: view.screen.presets
+
+        function onModelReset() {
+            Qt.callLater(list.positionViewAtBeginning)
+        }
+    }
+
     Connections {
         target: view.screen
 
@@ -213,6 +224,7 @@ Rectangle {
             })
         }
     }
+
 
     PresetDialogs {
         anchors.fill: parent
