@@ -317,3 +317,25 @@ TEST_F(StateProxyTest, KillDuringSavesNeverLeavesABrokenFile) {
     proxy()->getMetronomeData();
     EXPECT_EQ(std::distance(fs::directory_iterator(dataDir_), fs::directory_iterator()), 1);
 }
+
+// With no HOME and no XDG_DATA_HOME the folder used to be "/.local/share".
+TEST_F(StateProxyTest, DataFolderIsNeverTheRootOfTheFileSystem) {
+    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+    ::unsetenv("ZEBTOOLS_DATA_DIR");
+    const struct {
+        const char* home;  // nullptr: unset
+        const char* xdg;
+    } cases[] = {{nullptr, nullptr}, {"/", nullptr}, {"", "relative/dir"}};
+    for (const auto& c : cases) {
+        c.home ? ::setenv("HOME", c.home, 1) : ::unsetenv("HOME");
+        c.xdg ? ::setenv("XDG_DATA_HOME", c.xdg, 1) : ::unsetenv("XDG_DATA_HOME");
+        const fs::path dir = paths::dataDir();
+        // The account's home, or nothing (and nothing saved).
+        if (!dir.empty()) {
+            EXPECT_TRUE(dir.is_absolute()) << dir;
+            EXPECT_NE(dir.parent_path().parent_path().parent_path(), dir.root_path()) << dir;
+        }
+    }
+    ::setenv("HOME", home.c_str(), 1);
+    ::unsetenv("XDG_DATA_HOME");
+}
