@@ -1,9 +1,9 @@
 import QtQuick
 import ZebTools
 
-// The shell's notice: a short message sliding in at the top that goes away by
-// itself or when tapped. Only the banner itself takes touches; the tools
-// under and around it work as ever.
+// The shell's notice: a short message over the bottom of the tools that goes
+// away by itself or when tapped. Only the banner itself takes touches; the
+// tools under and around it work as ever.
 Rectangle {
     id: banner
     objectName: "noticeBanner"
