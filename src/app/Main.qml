@@ -48,9 +48,21 @@ ApplicationWindow {
             }
 
             ToolTabBar {
+                id: tabBar
                 Layout.fillWidth: true
                 tools: window.tools
             }
+        }
+
+        // Above the tab bar, where it hides neither the navigation bar nor
+        // the tabs.
+        NoticeBanner {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.margins: 8
+            anchors.bottomMargin: tabBar.height + 8
+            tools: window.tools
         }
 
         LoadingCover {

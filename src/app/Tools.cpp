@@ -22,6 +22,8 @@ Tools::Tools(const ScreenEngines& engines, QObject* parent)
             }
         });
     }
+    noticeTimer_.setSingleShot(true);
+    connect(&noticeTimer_, &QTimer::timeout, this, &Tools::dismissNotice);
 }
 
 Tools::~Tools() = default;
@@ -180,6 +182,20 @@ void Tools::close() {
 
 void Tools::showHowToEnter(const QString& address) {
     log("How to enter: " + address.toStdString());
+}
+
+void Tools::showNotice(const QString& text) {
+    notice_ = text;
+    emit noticeChanged();
+    noticeTimer_.start(kNoticeMilliseconds);
+}
+
+void Tools::dismissNotice() {
+    noticeTimer_.stop();
+    if (notice_.isEmpty())
+        return;
+    notice_.clear();
+    emit noticeChanged();
 }
 
 }  // namespace zt

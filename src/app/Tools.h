@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QObject>
 #include <QStringList>
+#include <QTimer>
 #include <QUrl>
 #include <QVariantList>
 #include <QVector>
@@ -31,6 +32,9 @@ class Tools : public QObject {
     Q_PROPERTY(int currentTab READ currentTab NOTIFY currentTabChanged)
     // One map per tab, in tab-bar order: its "title" and "glyph".
     Q_PROPERTY(QVariantList tabs READ tabs CONSTANT)
+    // A short message over the tools that goes away by itself ("" for none):
+    // what could not be saved and why. It never takes touches from the tools.
+    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
 
 public:
     // Makes every screen of the table, in table order, with these engines
@@ -74,10 +78,16 @@ public:
     void show(const QString& key, int tab = kAnyTab);
     void showHowToEnter(const QString& address);
 
+    // Shows a notice for kNoticeMilliseconds (a newer one takes its place).
+    void showNotice(const QString& text);
+    QString notice() const { return notice_; }
+    static constexpr int kNoticeMilliseconds = 6000;
+
     // Touches from the view.
     Q_INVOKABLE void selectTab(int index);
     Q_INVOKABLE void goBack(int tab);
     Q_INVOKABLE void openTunings(int tab);
+    Q_INVOKABLE void dismissNotice();
     // Shows a tab without counting it as the user's choice (screenshots).
     void previewTab(int index) { setCurrentTab(index); }
 
@@ -89,6 +99,7 @@ signals:
     void tabBarReadyChanged();
     void loadingChanged();
     void currentTabChanged();
+    void noticeChanged();
     void pushed(int tab, const QString& key);
     void popped(int tab);
 
@@ -108,6 +119,8 @@ private:
     bool closed_ = false;
     int currentTab_ = 0;
     int selectedIndex_ = 0;
+    QString notice_;
+    QTimer noticeTimer_;
 };
 
 }  // namespace zt

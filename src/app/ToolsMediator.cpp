@@ -9,6 +9,7 @@
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "sound/MediaProxy.h"
+#include "state/SaveNotice.h"
 
 namespace zt {
 
@@ -60,7 +61,8 @@ std::vector<std::string> ToolsMediator::listNotificationInterests() const {
             "ActiveTabIndexReady",
             "ShowOrchestra",
             "ShowMicrophoneCalibrating",
-            "ShowChordsTuning"};
+            "ShowChordsTuning",
+            kSaveFailed};
 }
 
 void ToolsMediator::onRegister() {
@@ -97,6 +99,9 @@ void ToolsMediator::handleNotification(const Notification& n) {
         shell->buffersLoaded();
     } else if (name == "ActiveTabIndexReady") {
         shell->createTabBar(applicationProxy_ ? applicationProxy_->activeTabIndex() : 0);
+    } else if (name == kSaveFailed) {
+        if (const auto* text = n.bodyAs<std::string>())
+            shell->showNotice(QString::fromStdString(*text));
     } else if (name == "ShowHowToEnter") {
         const auto* address = n.bodyAs<std::string>();
         shell->showHowToEnter(address ? QString::fromStdString(*address) : QString());

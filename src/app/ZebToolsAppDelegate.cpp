@@ -11,6 +11,7 @@
 #include "framework/Log.h"
 #include "framework/Paths.h"
 #include "metronome/MetronomePlayer.h"
+#include "metronome/MetronomeProxy.h"
 #include "metronome/ui/Metronome.h"
 #include "sound/SoundEngine.h"
 #include "tuners/StringTonePlayer.h"
@@ -26,7 +27,9 @@ void ZebToolsAppDelegate::launch(std::optional<ScreenEngines> engines) {
         return;
     isMusicPause_ = mpPlayer_.pauseIfPlaying();
     inBackGround_ = false;
-    analytics_.start(paths::dataDir() / "events.log", 10);
+    // Without a data folder there is nowhere to keep the event log.
+    if (const auto dataDir = paths::dataDir(); !dataDir.empty())
+        analytics_.start(dataDir / "events.log", 10);
     screenSaver_.inhibit();
     toolItems_.clear();
     for (const ToolTab& tab : toolTabs())
@@ -122,6 +125,11 @@ void ZebToolsAppDelegate::willTerminate() {
     if (auto proxy = ApplicationFacade::getInstance().retrieveProxyAs<ApplicationProxy>(
             ApplicationProxy::NAME)) {
         proxy->saveActiveTabIndex(selectedIndex());
+    }
+    // A last try for presets that could not be written during the run.
+    if (auto presets = ApplicationFacade::getInstance().retrieveProxyAs<MetronomeProxy>(
+            MetronomeProxy::NAME)) {
+        presets->flush();
     }
     analytics_.stop();
 }

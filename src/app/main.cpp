@@ -65,12 +65,16 @@ int main(int argc, char* argv[]) {
     parser.process(app);
     zt::routeLogToQt(parser.isSet(verboseOption));
 
-    if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR")) {
+    // Without HOME and XDG_DATA_HOME Qt's location lies under "/"; the
+    // library's own rule then looks further or saves nothing.
+    if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR") &&
+        !(qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))) {
         const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
         if (!dir.isEmpty())
             zt::paths::setDataDir(dir.toStdString());
     }
-    QDir().mkpath(QString::fromStdString(zt::paths::dataDir().string()));
+    if (const auto dataDir = zt::paths::dataDir(); !dataDir.empty())
+        QDir().mkpath(QString::fromStdString(dataDir.string()));
 
     zt::QtMainLoop mainLoop;
     zt::MainLoop::install(&mainLoop);

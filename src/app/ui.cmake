@@ -14,7 +14,7 @@ list(APPEND ZT_UI_SOURCES
   app/WindowPlacement.h app/WindowPlacement.cpp app/ScreenProbe.h app/ScreenProbe.cpp)
 list(APPEND ZT_QML_FILES
   app/Theme.qml app/Main.qml app/ToolTabBar.qml app/ToolStack.qml app/ScreenPage.qml
-  app/PlaceholderView.qml app/LoadingCover.qml app/DesktopShortcuts.qml
+  app/PlaceholderView.qml app/LoadingCover.qml app/DesktopShortcuts.qml app/NoticeBanner.qml
   app/controls/Card.qml app/controls/CardRow.qml app/controls/CheckMark.qml
   app/controls/CircleButton.qml app/controls/NavBarButton.qml app/controls/RowBackground.qml
   app/controls/RoundedBox.qml app/controls/RowSeparator.qml app/controls/RowText.qml

@@ -12,6 +12,7 @@
 #include "chords/VariationOrder.h"
 #include "cli/ChordArguments.h"
 #include "cli/ChordDiagram.h"
+#include "cli/WavOutput.h"
 #include "sound/OfflineRender.h"
 #include "sound/SoundEngine.h"
 #include "tuners/TuningCatalogue.h"
@@ -206,7 +207,7 @@ int ChordsCommand::play(std::ostream& out, std::ostream& err) const {
     const StrumSchedule schedule = wholeChord(stringNotes(v), rate);
     engine.play(schedule);
     const std::int64_t frames = engine.length(schedule);
-    if (!renderToWav(engine, rate, frames, out_, error)) {
+    if (!writeWav(engine, rate, frames, out_, error)) {
         err << "zebtools-cli chords: " << error << "\n";
         return kExitFailure;
     }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "cli/Validators.h"
+#include "cli/WavOutput.h"
 #include "metronome/ClickSet.h"
 #include "metronome/ClickSounds.h"
 #include "metronome/MetronomeEngine.h"
@@ -107,7 +108,7 @@ int MetronomeCommand::run(std::ostream& out, std::ostream& err) {
     MetronomeEngine engine(rate, clicks.bank());
     engine.start(job_.setup);
     const auto frames = static_cast<std::int64_t>(std::llround(job_.seconds * rate));
-    if (!renderToWav(engine, rate, frames, job_.out, error)) {
+    if (!writeWav(engine, rate, frames, job_.out, error)) {
         err << "zebtools-cli metronome: " << error << "\n";
         return kExitFailure;
     }

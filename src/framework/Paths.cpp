@@ -1,5 +1,8 @@
 #include "framework/Paths.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <system_error>
 
@@ -18,6 +21,11 @@ fs::path fromEnv(const char* name) {
     const char* value = std::getenv(name);
     return (value && *value) ? fs::path(value) : fs::path();
 }
+// A home folder worth keeping files under: absolute, and not the root of the
+// file system (what some environments give an account without a home).
+fs::path usableHome(const fs::path& home) {
+    return home.is_absolute() && home != home.root_path() ? home : fs::path();
+}
 }  // namespace
 
 fs::path dataDir() {
@@ -25,11 +33,15 @@ fs::path dataDir() {
         return env;
     if (!configuredDataDir.empty())
         return configuredDataDir;
-    if (auto xdg = fromEnv("XDG_DATA_HOME"); !xdg.empty())
+    if (auto xdg = fromEnv("XDG_DATA_HOME"); xdg.is_absolute())
         return xdg / "zebtools";
-    if (auto home = fromEnv("HOME"); !home.empty())
+    if (auto home = usableHome(fromEnv("HOME")); !home.empty())
         return home / ".local/share/zebtools";
-    return fs::temp_directory_path() / "zebtools";
+    // No HOME (a service, a bare shell): the account's home folder.
+    const passwd* account = ::getpwuid(::getuid());
+    if (auto home = usableHome(account && account->pw_dir ? account->pw_dir : ""); !home.empty())
+        return home / ".local/share/zebtools";
+    return {};
 }
 
 void setDataDir(const fs::path& dir) {

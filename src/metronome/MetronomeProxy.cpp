@@ -1,5 +1,6 @@
 #include "metronome/MetronomeProxy.h"
 
+#include <chrono>
 #include <locale>
 #include <string_view>
 
@@ -7,10 +8,14 @@
 #include "framework/Paths.h"
 #include "state/AtomicFile.h"
 #include "state/PlistFile.h"
+#include "state/PlistText.h"
 
 namespace zt {
 
 namespace {
+
+// A temporary file this old cannot belong to a save still running.
+constexpr auto kStaleTemporary = std::chrono::minutes(1);
 
 // Lower-case mapping for the whole of Unicode where the C library has one
 // ("Été" and "éTÉ" are the same title); plain ASCII otherwise.
@@ -76,6 +81,14 @@ bool hasVersion(const Value& root) {
            root.array()[0].toString() == MetronomeProxy::kVersion;
 }
 
+// A preset has a name with something printable in it.
+bool isPreset(const Value& element) {
+    if (!element.isDictionary())
+        return false;
+    const Value& name = valueFor(element.dictionary(), "name");
+    return name.isString() && !plist::sanitizeName(name.toString()).empty();
+}
+
 const Dictionary* asPreset(const Value& element) {
     return element.isDictionary() ? &element.dictionary() : nullptr;
 }
@@ -95,43 +108,84 @@ void MetronomeProxy::createPresetsListFile() {
 }
 
 void MetronomeProxy::loadPresetsArray() {
-    const auto path = presetsListPath();
     presetsArray_ = Array{Value(kVersion)};
-    canWrite_ = true;
+    dirty_ = false;
+    if (!paths::dataDir().empty())
+        file::removeStaleTemporaries(presetsListPath(), kStaleTemporary);
+    readFromDisk({});
+}
 
-    auto content = plist::readFile(path, plist::RootKind::Array);
-    if (content.status == plist::FileStatus::Missing) {
+void MetronomeProxy::readFromDisk(const Array& madeHere) {
+    if (paths::dataDir().empty()) {
+        blocked_ = true;
+        blockedWhy_ = "there is no folder to keep them in";
+        return;
+    }
+    const auto path = presetsListPath();
+    auto opened = plist::openFile(path, plist::RootKind::Array);
+    blocked_ = opened.state == plist::Opened::State::Blocked;
+    blockedWhy_ = opened.why;
+    if (opened.state == plist::Opened::State::Read && !hasVersion(opened.root)) {
+        // A list, but not of presets: damaged like any other unusable file.
+        if (const auto aside = file::keepAside(path, "corrupt")) {
+            warn("warning: " + path.string() + " is damaged; kept as " + aside->string() +
+                 " and replaced by an empty preset list");
+            opened.state = plist::Opened::State::Missing;
+        } else {
+            blocked_ = true;
+            blockedWhy_ = path.filename().string() + " is damaged and cannot be replaced";
+        }
+    }
+    if (blocked_) {
+        warn("presets are not available: " + blockedWhy_ +
+             "; presets made now are kept until it can be read");
+    }
+    Array presets{Value(kVersion)};
+    if (opened.state == plist::Opened::State::Read && !blocked_) {
+        const Array& found = opened.root.array();
+        for (std::size_t i = 1; i < found.size(); ++i) {
+            if (isPreset(found[i]))
+                presets.push_back(found[i]);
+            else
+                log("presets: element " + std::to_string(i) + " is not a preset; left out");
+        }
+    }
+    for (std::size_t i = 1; i < madeHere.size(); ++i)
+        presets.push_back(madeHere[i]);
+    presetsArray_ = std::move(presets);
+    if (opened.state == plist::Opened::State::Missing && madeHere.size() <= 1)
         createPresetsListFile();
-        content = plist::readFile(path, plist::RootKind::Array);
-        if (content.status == plist::FileStatus::Missing)
-            return;
+}
+
+bool MetronomeProxy::flush() {
+    if (!dirty_)
+        return true;
+    if (blocked_)
+        readFromDisk(presetsArray_);
+    const auto path = presetsListPath();
+    file::Failure why = blockedWhy_;
+    if (!blocked_ && file::ensureDirectory(path.parent_path(), &why) &&
+        plist::writeFile(path, presetsArray_, &why)) {
+        dirty_ = false;
+        return true;
     }
-    if (content.status == plist::FileStatus::Ok && hasVersion(content.root)) {
-        presetsArray_ = std::move(content.root.array());
-        return;
-    }
-    if (content.status == plist::FileStatus::Unreadable) {
-        canWrite_ = false;
-        warn("presets are not available: " + path.string() +
-             " cannot be read; presets made now are not saved");
-        return;
-    }
-    // Not a property list, or not a versioned preset array.
-    const auto aside = file::keepAside(path, "corrupt");
-    if (!aside) {
-        canWrite_ = false;
-        warn("presets are not available: " + path.string() +
-             " is damaged and could not be moved aside");
-        return;
-    }
-    warn("warning: " + path.string() + " is damaged; kept as " + aside->string() +
-         " and replaced by an empty preset list");
-    createPresetsListFile();
+    log("presets not saved to " + path.string() + ": " + why);
+    notice_.report(*this, "Presets", why);
+    return false;
+}
+
+void MetronomeProxy::changed() {
+    dirty_ = true;
+    flush();
 }
 
 void MetronomeProxy::saveCurrentState(const Dictionary& preset) {
+    if (!isPreset(Value(preset))) {
+        log("a preset needs a name; not added");
+        return;
+    }
     presetsArray_.emplace_back(preset);
-    write();
+    changed();
 }
 
 void MetronomeProxy::removePresetWithIndex(int index) {
@@ -140,7 +194,7 @@ void MetronomeProxy::removePresetWithIndex(int index) {
         return;
     }
     presetsArray_.erase(presetsArray_.begin() + index);
-    write();
+    changed();
 }
 
 Dictionary MetronomeProxy::presetAtIndex(int index) const {
@@ -181,16 +235,6 @@ int MetronomeProxy::presetIndexForState(const std::string& state) const {
 
 bool MetronomeProxy::isPresetIndex(int index) const {
     return index >= 1 && static_cast<std::size_t>(index) < presetsArray_.size();
-}
-
-void MetronomeProxy::write() {
-    const auto path = presetsListPath();
-    if (!canWrite_) {
-        log("presets not saved: " + path.string() + " is kept as it was found");
-        return;
-    }
-    if (!file::ensureDirectory(path.parent_path()) || !plist::writeFile(path, presetsArray_))
-        log("presets not saved to " + path.string());
 }
 
 }  // namespace zt

@@ -10,15 +10,21 @@
 // atomically after every change.
 //
 // A file that is not such an array is kept aside as
-// "presetsList.plist.corrupt" and replaced by an empty list. A file that
-// exists but cannot be read is left alone: the list is empty for this run and
-// changes stay in memory, so the user's file is never overwritten.
+// "presetsList.plist.corrupt" and replaced by an empty list. Elements that
+// are not presets (not a dictionary, or no name with something printable in
+// it) are left out. A file that exists but cannot be read is left alone:
+// the list shows the presets made in this run, and once the file can be read
+// again they are added to its presets and written.
+//
+// A change that cannot be written stays in memory and every later change,
+// and flush(), tries again; the first failure of a run sends kSaveFailed.
 
 #include <filesystem>
 #include <string>
 
 #include "framework/Proxy.h"
 #include "framework/Value.h"
+#include "state/SaveNotice.h"
 
 namespace zt {
 
@@ -39,6 +45,9 @@ public:
     // The version element followed by the presets.
     const Array& presetsArray() const { return presetsArray_; }
 
+    // Writes changes not yet on disk; true when none are left.
+    bool flush();
+
     // Appends a preset and writes the file.
     void saveCurrentState(const Dictionary& preset);
     // Removes preset index (1 to n) and writes the file; other indices are
@@ -56,12 +65,17 @@ public:
 
 private:
     bool isPresetIndex(int index) const;
-    void write();
+    // Takes the file's presets, followed by those of madeHere.
+    void readFromDisk(const Array& madeHere);
+    void changed();
 
     Array presetsArray_{Value(kVersion)};
-    // False while the file on disk could not be read or replaced: writing
-    // then would destroy presets the user still has there.
-    bool canWrite_ = true;
+    bool dirty_ = false;
+    // The file is there but could not be read (or moved aside when damaged):
+    // writing would destroy presets the user still has there.
+    bool blocked_ = false;
+    std::string blockedWhy_;
+    SaveNotice notice_;
 };
 
 }  // namespace zt

@@ -43,6 +43,12 @@ bool renderToWav(StreamRenderer& renderer, int sampleRate, std::int64_t frames,
         }
         done += n;
     }
+    // The header's sizes are written on closing: a failure there leaves a
+    // file that misstates its length.
+    if (sf_close(file.release()) != 0) {
+        error = "cannot write " + path.string() + ": the file could not be completed";
+        return false;
+    }
     return true;
 }
 

@@ -17,10 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string errnoText() {
-    return std::strerror(errno);
-}
-
 bool writeAll(int fd, std::string_view bytes) {
     const char* p = bytes.data();
     std::size_t left = bytes.size();
@@ -37,6 +33,16 @@ bool writeAll(int fd, std::string_view bytes) {
     return true;
 }
 
+bool syncFile(const fs::path& path, Failure& why) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool ok = fd >= 0 && ::fsync(fd) == 0;
+    if (!ok)
+        why = describeError(errno);
+    if (fd >= 0)
+        ::close(fd);
+    return ok;
+}
+
 // Makes the rename itself durable. Failure here only weakens the guarantee
 // after a power cut, so it is not reported.
 void syncDirectory(const fs::path& dir) {
@@ -47,7 +53,53 @@ void syncDirectory(const fs::path& dir) {
     ::close(fd);
 }
 
+// The file a chain of symbolic links ends at (path itself when it is none),
+// so that a write replaces the file the user linked to, not the link.
+fs::path resolveLinks(fs::path path) {
+    std::error_code ec;
+    for (int hops = 0; hops < 40 && fs::is_symlink(path, ec); ++hops) {
+        const fs::path target = fs::read_symlink(path, ec);
+        if (ec)
+            break;
+        path = target.is_absolute() ? target : path.parent_path() / target;
+    }
+    return path;
+}
+
+fs::path folderOf(const fs::path& path) {
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+std::string temporaryPrefix(const fs::path& target) {
+    return "." + target.filename().string() + ".";
+}
+
 }  // namespace
+
+Failure describeError(int error) {
+    switch (error) {
+        case ENOSPC:
+            return "the disk is full";
+        case EDQUOT:
+            return "the disk quota is used up";
+        case EFBIG:
+            return "the file is too large for the disk";
+        case EROFS:
+            return "the disk is read-only";
+        case EACCES:
+        case EPERM:
+            return "the folder cannot be written to";
+        case ENOENT:
+        case ENOTDIR:
+        case ENODEV:
+        case ENXIO:
+            return "the folder is not available";
+        case EIO:
+            return "the disk reported an error";
+        default:
+            return std::strerror(error);
+    }
+}
 
 ReadResult readAll(const fs::path& path, std::size_t maxBytes) {
     std::error_code ec;
@@ -59,51 +111,103 @@ ReadResult readAll(const fs::path& path, std::size_t maxBytes) {
         return {ReadStatus::Unreadable, {}};
     }
     const auto size = fs::file_size(path, ec);
-    if (ec || size > maxBytes) {
-        log("cannot read " + path.string() + ": " + (ec ? ec.message() : "file too large"));
+    if (ec) {
+        log("cannot read " + path.string() + ": " + ec.message());
         return {ReadStatus::Unreadable, {}};
+    }
+    if (size > maxBytes) {
+        log("not reading " + path.string() + ": larger than " + std::to_string(maxBytes) +
+            " bytes");
+        return {ReadStatus::TooLarge, {}};
     }
     std::ifstream in(path, std::ios::binary);
     std::string bytes(static_cast<std::size_t>(size), '\0');
     if (!in || !in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-        log("cannot read " + path.string() + ": " + errnoText());
+        log("cannot read " + path.string() + ": " + std::strerror(errno));
         return {ReadStatus::Unreadable, {}};
     }
     return {ReadStatus::Ok, std::move(bytes)};
 }
 
-bool writeAtomically(const fs::path& path, std::string_view bytes) {
-    const fs::path dir = path.has_parent_path() ? path.parent_path() : fs::path(".");
-    std::string temp = (dir / ("." + path.filename().string() + ".XXXXXX")).string();
+bool replaceFile(const fs::path& path, const Writer& write, Failure* why) {
+    const fs::path target = resolveLinks(path);
+    const fs::path dir = folderOf(target);
+    std::string temp = (dir / (temporaryPrefix(target) + "XXXXXX")).string();
+    Failure failure;
+    bool ok = false;
     const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
     if (fd < 0) {
-        log("cannot write " + path.string() + ": " + errnoText());
-        return false;
+        failure = describeError(errno);
+    } else {
+        struct stat old {};
+        const mode_t mode = ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
+        ::fchmod(fd, mode);
+        ::close(fd);
+        ok = write(temp, failure) && syncFile(temp, failure);
+        if (ok && ::rename(temp.c_str(), target.c_str()) != 0) {
+            failure = describeError(errno);
+            ok = false;
+        }
+        if (!ok)
+            ::unlink(temp.c_str());
     }
-
-    struct stat old {};
-    const mode_t mode = ::stat(path.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
-    bool ok = ::fchmod(fd, mode) == 0 && writeAll(fd, bytes) && ::fsync(fd) == 0;
-    const std::string failure = ok ? std::string() : errnoText();
-    if (::close(fd) != 0 && ok) {
-        ok = false;
-    }
-    if (ok && ::rename(temp.c_str(), path.c_str()) != 0)
-        ok = false;
     if (!ok) {
-        log("cannot write " + path.string() + ": " + (failure.empty() ? errnoText() : failure));
-        ::unlink(temp.c_str());
+        log("cannot write " + path.string() + ": " + failure);
+        if (why)
+            *why = failure;
         return false;
     }
     syncDirectory(dir);
     return true;
 }
 
+bool writeAtomically(const fs::path& path, std::string_view bytes, Failure* why) {
+    return replaceFile(
+        path,
+        [bytes](const fs::path& temp, Failure& failure) {
+            const int fd = ::open(temp.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+            bool ok = fd >= 0 && writeAll(fd, bytes);
+            if (!ok)
+                failure = describeError(errno);
+            if (fd >= 0 && ::close(fd) != 0 && ok) {
+                failure = describeError(errno);
+                ok = false;
+            }
+            return ok;
+        },
+        why);
+}
+
+void removeStaleTemporaries(const fs::path& path, fs::file_time_type::duration minAge) {
+    const fs::path target = resolveLinks(path);
+    const std::string prefix = temporaryPrefix(target);
+    const auto now = fs::file_time_type::clock::now();
+    std::error_code ec;
+    for (auto it = fs::directory_iterator(folderOf(target), ec);
+         !ec && it != fs::directory_iterator(); it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        // mkostemp's names: the prefix and six characters.
+        if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0 ||
+            !it->is_regular_file(ec))
+            continue;
+        const auto written = it->last_write_time(ec);
+        if (ec || now - written < minAge)
+            continue;
+        std::error_code removed;
+        if (fs::remove(it->path(), removed))
+            log("removed " + it->path().string() + ", left by an interrupted save");
+    }
+}
+
 std::optional<fs::path> keepAside(const fs::path& path, std::string_view tag) {
     const std::string base = path.string() + "." + std::string(tag);
+    const auto taken = [](const fs::path& p) {
+        std::error_code ec;
+        return fs::symlink_status(p, ec).type() != fs::file_type::not_found;
+    };
     std::error_code ec;
     fs::path target = base;
-    for (int n = 1; fs::exists(target, ec) || ec; ++n) {
+    for (int n = 1; taken(target); ++n) {
         if (n > 999) {
             log("cannot keep " + path.string() + " aside: too many earlier copies");
             return std::nullopt;
@@ -118,13 +222,15 @@ std::optional<fs::path> keepAside(const fs::path& path, std::string_view tag) {
     return target;
 }
 
-bool ensureDirectory(const fs::path& dir) {
+bool ensureDirectory(const fs::path& dir, Failure* why) {
     std::error_code ec;
     if (fs::is_directory(dir, ec))
         return true;
     fs::create_directories(dir, ec);
     if (ec) {
         log("cannot create folder " + dir.string() + ": " + ec.message());
+        if (why)
+            *why = describeError(ec.value());
         return false;
     }
     return true;

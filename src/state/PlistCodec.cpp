@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "framework/Log.h"
+#include "state/PlistText.h"
 
 namespace zt::plist {
 
@@ -18,7 +19,55 @@ struct NodeDeleter {
 };
 using Node = std::unique_ptr<void, NodeDeleter>;
 
-Value fromNode(plist_t node) {
+// Text read from a file: nullopt when it holds a damaged character.
+std::optional<std::string> textFrom(const char* s) {
+    std::string text(s ? s : "");
+    if (!isCleanText(text)) {
+        log("property list: text with characters that are not allowed was left out");
+        return std::nullopt;
+    }
+    return text;
+}
+
+Value fromNode(plist_t node, int depth);
+
+Value arrayFrom(plist_t node, int depth) {
+    Array array;
+    const std::uint32_t n = plist_array_get_size(node);
+    array.reserve(n);
+    for (std::uint32_t i = 0; i < n; ++i) {
+        Value item = fromNode(plist_array_get_item(node, i), depth + 1);
+        if (!item.isNull())
+            array.push_back(std::move(item));
+    }
+    return Value(std::move(array));
+}
+
+Value dictionaryFrom(plist_t node, int depth) {
+    Dictionary dict;
+    plist_dict_iter it = nullptr;
+    plist_dict_new_iter(node, &it);
+    for (;;) {
+        char* rawKey = nullptr;
+        plist_t item = nullptr;
+        plist_dict_next_item(node, it, &rawKey, &item);
+        const auto key = item ? textFrom(rawKey) : std::nullopt;
+        std::free(rawKey);
+        if (!item)
+            break;
+        if (!key)
+            continue;
+        Value v = fromNode(item, depth + 1);
+        if (!v.isNull())
+            dict[*key] = std::move(v);
+    }
+    std::free(it);
+    return Value(std::move(dict));
+}
+
+Value fromNode(plist_t node, int depth) {
+    if (depth > kMaxDepth)
+        return Value();
     switch (plist_get_node_type(node)) {
         case PLIST_BOOLEAN: {
             std::uint8_t b = 0;
@@ -40,44 +89,46 @@ Value fromNode(plist_t node) {
         case PLIST_STRING: {
             char* s = nullptr;
             plist_get_string_val(node, &s);
-            Value v(std::string(s ? s : ""));
+            auto text = textFrom(s);
             std::free(s);
+            return text ? Value(std::move(*text)) : Value();
+        }
+        case PLIST_DATE: {
+            std::int32_t sec = 0;
+            std::int32_t usec = 0;
+            plist_get_date_val(node, &sec, &usec);
+            return Value(Dictionary{{kDateKey, Array{Value(sec), Value(usec)}}});
+        }
+        case PLIST_DATA: {
+            char* bytes = nullptr;
+            std::uint64_t length = 0;
+            plist_get_data_val(node, &bytes, &length);
+            Value v(Dictionary{{kDataKey, std::string(bytes ? bytes : "", bytes ? length : 0)}});
+            std::free(bytes);
             return v;
         }
-        case PLIST_ARRAY: {
-            Array array;
-            const std::uint32_t n = plist_array_get_size(node);
-            for (std::uint32_t i = 0; i < n; ++i) {
-                Value item = fromNode(plist_array_get_item(node, i));
-                if (!item.isNull())
-                    array.push_back(std::move(item));
-            }
-            return Value(std::move(array));
-        }
-        case PLIST_DICT: {
-            Dictionary dict;
-            plist_dict_iter it = nullptr;
-            plist_dict_new_iter(node, &it);
-            for (;;) {
-                char* key = nullptr;
-                plist_t item = nullptr;
-                plist_dict_next_item(node, it, &key, &item);
-                if (!item) {
-                    std::free(key);
-                    break;
-                }
-                Value v = fromNode(item);
-                if (!v.isNull())
-                    dict[key ? key : ""] = std::move(v);
-                std::free(key);
-            }
-            std::free(it);
-            return Value(std::move(dict));
-        }
+        case PLIST_ARRAY:
+            return arrayFrom(node, depth);
+        case PLIST_DICT:
+            return dictionaryFrom(node, depth);
         default:
-            log("property list: a date or data value was left out (not supported)");
+            log("property list: a value of an unknown kind was left out");
             return Value();
     }
+}
+
+// The date or data node a marker dictionary stands for, else nullptr.
+plist_t opaqueNode(const Dictionary& dict) {
+    if (dict.size() != 1)
+        return nullptr;
+    const auto& [key, value] = *dict.begin();
+    if (key == kDataKey && value.isString())
+        return plist_new_data(value.toString().data(), value.toString().size());
+    if (key == kDateKey && value.isArray() && value.array().size() == 2) {
+        return plist_new_date(static_cast<std::int32_t>(value.array()[0].toInt()),
+                              static_cast<std::int32_t>(value.array()[1].toInt()));
+    }
+    return nullptr;
 }
 
 plist_t toNode(const Value& value) {
@@ -88,7 +139,7 @@ plist_t toNode(const Value& value) {
     if (value.isReal())
         return plist_new_real(value.toDouble());
     if (value.isString())
-        return plist_new_string(value.toString().c_str());
+        return plist_new_string(sanitizeText(value.toString()).c_str());
     if (value.isArray()) {
         plist_t array = plist_new_array();
         for (const auto& item : value.array()) {
@@ -98,14 +149,20 @@ plist_t toNode(const Value& value) {
         return array;
     }
     if (value.isDictionary()) {
+        if (plist_t opaque = opaqueNode(value.dictionary()))
+            return opaque;
         plist_t dict = plist_new_dict();
         for (const auto& [key, item] : value.dictionary()) {
             if (plist_t node = toNode(item))
-                plist_dict_set_item(dict, key.c_str(), node);
+                plist_dict_set_item(dict, sanitizeText(key).c_str(), node);
         }
         return dict;
     }
     return nullptr;
+}
+
+bool isBinary(std::string_view bytes) {
+    return bytes.substr(0, 6) == "bplist";
 }
 
 }  // namespace
@@ -114,12 +171,21 @@ std::optional<Value> parse(std::string_view bytes) {
     if (bytes.empty() || bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
         return std::nullopt;
     }
+    const bool binary = isBinary(bytes);
+    if (binary ? !binaryWithinDepth(bytes, kMaxDepth) : !xmlWithinDepth(bytes, kMaxDepth)) {
+        log("property list: nested deeper than " + std::to_string(kMaxDepth) + " levels");
+        return std::nullopt;
+    }
+    bool damaged = false;
+    const std::string marked = binary ? std::string() : markDamage(bytes, damaged);
+    if (damaged)
+        bytes = marked;
     plist_t raw = nullptr;
     plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &raw);
     if (!raw)
         return std::nullopt;
     Node root(raw);
-    return fromNode(root.get());
+    return fromNode(root.get(), 1);
 }
 
 std::string toXml(const Value& value) {

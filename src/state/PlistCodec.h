@@ -1,8 +1,14 @@
 #pragma once
 // Conversion between property-list bytes and zt::Value. Integers, reals,
 // booleans, strings, arrays and dictionaries keep their kind both ways, so a
-// file read and written back holds the same types. Dates and data blobs have
-// no Value kind; they are dropped with a log line.
+// file read and written back holds the same types. Dates and data blobs,
+// which have no Value kind, are carried as one-key dictionaries under
+// kDateKey and kDataKey, so that values written by other programs survive a
+// read and a write.
+//
+// Text is made valid for XML on the way out (see sanitizeText). On the way
+// in, a string or key holding characters XML does not allow is left out of
+// its dictionary or array, with a log line; the rest of the file is kept.
 
 #include <optional>
 #include <string>
@@ -12,7 +18,21 @@
 
 namespace zt::plist {
 
-// Parses an XML (or binary) property list; nullopt when the bytes are not one.
+// Arrays and dictionaries nested deeper than this make a file unreadable.
+inline constexpr int kMaxDepth = 64;
+
+// A date: Array{seconds since 2001-01-01, microseconds}. Data: the bytes as
+// a string. The keys begin with a control character, which no key read from
+// a file can hold, so they cannot be mistaken for the user's own.
+inline constexpr const char* kDateKey =
+    "\x01"
+    "date";
+inline constexpr const char* kDataKey =
+    "\x01"
+    "data";
+
+// Parses an XML (or binary) property list; nullopt when the bytes are not
+// one or nest deeper than kMaxDepth.
 std::optional<Value> parse(std::string_view bytes);
 
 // The XML form of value. Null values, which a property list cannot hold, are

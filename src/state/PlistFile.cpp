@@ -1,7 +1,6 @@
 #include "state/PlistFile.h"
 
 #include "framework/Log.h"
-#include "state/AtomicFile.h"
 #include "state/PlistCodec.h"
 
 namespace zt::plist {
@@ -14,14 +13,6 @@ bool hasKind(const Value& v, RootKind kind) {
     return kind == RootKind::Dictionary ? v.isDictionary() : v.isArray();
 }
 
-Value parseDefault(const std::string& defaultXml, RootKind kind) {
-    auto parsed = parse(defaultXml);
-    if (parsed && hasKind(*parsed, kind))
-        return std::move(*parsed);
-    log("the default content of a property-list file is not usable");
-    return Value();
-}
-
 }  // namespace
 
 FileContent readFile(const fs::path& path, RootKind kind) {
@@ -31,6 +22,8 @@ FileContent readFile(const fs::path& path, RootKind kind) {
             return {FileStatus::Missing, {}};
         case file::ReadStatus::Unreadable:
             return {FileStatus::Unreadable, {}};
+        case file::ReadStatus::TooLarge:
+            return {FileStatus::Corrupt, {}};
         case file::ReadStatus::Ok:
             break;
     }
@@ -40,36 +33,32 @@ FileContent readFile(const fs::path& path, RootKind kind) {
     return {FileStatus::Ok, std::move(*parsed)};
 }
 
-bool writeFile(const fs::path& path, const Value& root) {
-    return file::writeAtomically(path, toXml(root));
+bool writeFile(const fs::path& path, const Value& root, file::Failure* why) {
+    return file::writeAtomically(path, toXml(root), why);
 }
 
-Loaded loadWithDefault(const fs::path& path, RootKind kind, const std::string& defaultXml) {
+Opened openFile(const fs::path& path, RootKind kind) {
     auto content = readFile(path, kind);
-    if (content.status == FileStatus::Ok)
-        return {std::move(content.root), true};
-    if (content.status == FileStatus::Unreadable) {
-        warn("using default values: " + path.string() + " cannot be read");
-        return {parseDefault(defaultXml, kind), false};
+    const std::string name = path.filename().string();
+    switch (content.status) {
+        case FileStatus::Ok:
+            return {Opened::State::Read, std::move(content.root), {}};
+        case FileStatus::Missing:
+            return {};
+        case FileStatus::Unreadable:
+            warn("warning: " + path.string() + " cannot be read; it is left as it is");
+            return {Opened::State::Blocked, {}, name + " cannot be read"};
+        case FileStatus::Corrupt:
+            break;
     }
-    if (content.status == FileStatus::Corrupt) {
-        const auto aside = file::keepAside(path);
-        if (!aside) {
-            warn("warning: " + path.string() +
-                 " is damaged and could not be moved aside; using default values");
-            return {parseDefault(defaultXml, kind), false};
-        }
-        warn("warning: " + path.string() + " is damaged; kept as " + aside->string() +
-             " and replaced by the defaults");
+    const auto aside = file::keepAside(path);
+    if (!aside) {
+        warn("warning: " + path.string() + " is damaged and could not be moved aside");
+        return {Opened::State::Blocked, {}, name + " is damaged and cannot be replaced"};
     }
-    Value fallback = parseDefault(defaultXml, kind);
-    if (fallback.isNull())
-        return {};
-    const bool written = file::ensureDirectory(path.has_parent_path() ? path.parent_path() : ".") &&
-                         file::writeAtomically(path, defaultXml);
-    if (!written)
-        return {std::move(fallback), false};
-    return {std::move(fallback), true};
+    warn("warning: " + path.string() + " is damaged; kept as " + aside->string() +
+         " and started afresh");
+    return {};
 }
 
 }  // namespace zt::plist

@@ -1,13 +1,14 @@
 #pragma once
 // Property-list files of the user's data folder: the saved state and the
 // metronome presets. Reading tells a missing file from an unreadable one and
-// from one whose content is damaged; loadWithDefault turns all three into a
-// usable root without ever deleting what the user had.
+// from one whose content is damaged; openFile turns all three into something
+// the caller can act on without ever deleting what the user had.
 
 #include <filesystem>
 #include <string>
 
 #include "framework/Value.h"
+#include "state/AtomicFile.h"
 
 namespace zt::plist {
 
@@ -17,7 +18,8 @@ enum class FileStatus {
     Ok,
     Missing,
     Unreadable,  // exists, but could not be read; left alone
-    Corrupt,     // read, but not a property list with the expected root
+    Corrupt,     // not a property list with the expected root, nested too
+                 // deeply, or too large to be one of ours
 };
 
 struct FileContent {
@@ -27,23 +29,24 @@ struct FileContent {
 
 FileContent readFile(const std::filesystem::path& path, RootKind kind);
 
-// Writes root as XML, atomically (see file::writeAtomically).
-bool writeFile(const std::filesystem::path& path, const Value& root);
+// Writes root as XML, atomically (see file::replaceFile).
+bool writeFile(const std::filesystem::path& path, const Value& root, file::Failure* why = nullptr);
 
-struct Loaded {
+struct Opened {
+    enum class State {
+        Read,     // root holds the file's content
+        Missing,  // no file, or a damaged one now kept aside: start afresh
+        Blocked,  // a file is there that cannot be used and must not be
+                  // written over (unreadable, or damaged and stuck in place)
+    };
+    State state = State::Missing;
     Value root;
-    // False when the file could not be used and root is the default content;
-    // callers must not write such a root back over the file.
-    bool fromFile = false;
+    file::Failure why;  // for Blocked: what is wrong, in the user's words
 };
 
-// Reads path as a property list of the given root kind. A missing file is
-// created from defaultXml. A damaged one is renamed to "<path>.corrupt" (see
-// file::keepAside), with a warning in the log, and defaultXml put in its
-// place. When the file cannot be read or replaced, the parsed defaultXml is
-// returned with fromFile false (or a null root if defaultXml is no good
-// either).
-Loaded loadWithDefault(const std::filesystem::path& path, RootKind kind,
-                       const std::string& defaultXml);
+// Reads path as a property list of the given root kind. A damaged file is
+// renamed to "<path>.corrupt" (see file::keepAside), with a warning in the
+// log, and reported Missing.
+Opened openFile(const std::filesystem::path& path, RootKind kind);
 
 }  // namespace zt::plist

@@ -130,4 +130,33 @@ Dictionary defaultSavedState() {
     };
 }
 
+bool repairSections(Dictionary& root) {
+    bool repaired = false;
+    for (const auto& [name, defaults] : defaultSavedState()) {
+        Value& value = root[name];
+        if (!defaults.isDictionary()) {
+            if (!value.isNumber()) {
+                value = defaults;
+                repaired = true;
+            }
+            continue;
+        }
+        if (!value.isDictionary()) {
+            warn("warning: saveState.plist: section \"" + name + "\" " +
+                 (value.isNull() ? "was missing" : "was not a dictionary") +
+                 "; its default values are used");
+            value = defaults;
+            repaired = true;
+            continue;
+        }
+        for (const auto& [key, fallback] : defaults.dictionary()) {
+            if (value.dictionary().emplace(key, fallback).second) {
+                log("saveState.plist: \"" + name + "\" had no \"" + key + "\"; default used");
+                repaired = true;
+            }
+        }
+    }
+    return repaired;
+}
+
 }  // namespace zt::state

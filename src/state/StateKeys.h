@@ -106,6 +106,13 @@ double read(const Dictionary& section, const RealKey& key);
 bool read(const Dictionary& section, const BoolKey& key);
 std::string read(const Dictionary& section, const TextKey& key);
 
+// Restores what the tools cannot do without: each of the five sections that
+// is missing or not a dictionary becomes its default section, each key
+// missing from a section gets its default, and "SelectedViewController" its
+// default when it is not a number. Everything else is kept. True when
+// something was restored (with a warning).
+bool repairSections(Dictionary& root);
+
 // The whole saved state as first installed: all five sections with every key
 // at its default, and "SelectedViewController".
 Dictionary defaultSavedState();

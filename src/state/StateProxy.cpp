@@ -1,7 +1,8 @@
 #include "state/StateProxy.h"
 
+#include <chrono>
 #include <filesystem>
-#include <system_error>
+#include <utility>
 
 #include "framework/Log.h"
 #include "framework/Paths.h"
@@ -16,69 +17,139 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The default saved state as shipped among the resources. Should that copy be
-// missing or damaged, the built-in defaults (the same values) stand in, so a
-// broken installation still starts with a usable state.
-std::string defaultStateXml() {
+// A temporary file this old cannot belong to a save still running.
+constexpr auto kStaleTemporary = std::chrono::minutes(1);
+
+// The default saved state as shipped among the resources, its bytes and its
+// content. Should that copy be missing or damaged, the built-in defaults (the
+// same values) stand in, so a broken installation still starts with a usable
+// state.
+std::pair<std::string, Dictionary> defaultState() {
     const fs::path path = paths::resource(state::kStateFileName);
     auto read = file::readAll(path);
     if (read.status == file::ReadStatus::Ok) {
         auto parsed = plist::parse(read.bytes);
         if (parsed && parsed->isDictionary())
-            return std::move(read.bytes);
+            return {std::move(read.bytes), std::move(parsed->dictionary())};
     }
     log("default " + path.string() + " is missing or damaged; using the built-in defaults");
-    return plist::toXml(Value(state::defaultSavedState()));
+    Dictionary defaults = state::defaultSavedState();
+    return {plist::toXml(Value(defaults)), defaults};
+}
+
+// Puts each key of changes into root; dictionaries are merged key by key.
+void merge(Dictionary& root, const Dictionary& changes) {
+    for (const auto& [key, value] : changes) {
+        Value& target = root[key];
+        if (value.isDictionary() && target.isDictionary()) {
+            for (const auto& [inner, innerValue] : value.dictionary())
+                target.dictionary()[inner] = innerValue;
+        } else {
+            target = value;
+        }
+    }
 }
 
 }  // namespace
 
 std::string StateProxy::getStateFilePath() {
-    const fs::path dir = paths::dataDir();
-    const fs::path path = dir / state::kStateFileName;
+    load();
     std::error_code ec;
-    if (fs::exists(path, ec))
-        return path.string();
-    if (!file::ensureDirectory(dir) || !file::writeAtomically(path, defaultStateXml())) {
+    if (path_.empty() || !fs::exists(path_, ec)) {
         log("Error saveState.plist");
         return {};
     }
-    return path.string();
+    return path_;
 }
 
-StateProxy::StateFile StateProxy::readState() {
-    const std::string path = getStateFilePath();
-    if (!path.empty()) {
-        auto content = plist::readFile(path, plist::RootKind::Dictionary);
-        if (content.status == plist::FileStatus::Ok)
-            return {path, content.root.dictionary()};
-        // Removed since the path was made, unreadable or damaged.
-        auto loaded = plist::loadWithDefault(path, plist::RootKind::Dictionary, defaultStateXml());
-        if (loaded.fromFile)
-            return {path, loaded.root.dictionary()};
-    }
-    log("saveState.plist is not available; running on the default settings");
-    auto defaults = plist::parse(defaultStateXml());
-    return {{}, defaults ? defaults->dictionary() : state::defaultSavedState()};
-}
-
-void StateProxy::writeState(const StateFile& state) {
-    if (state.path.empty()) {
-        log("Error saveState.plist: settings not saved");
+void StateProxy::load() {
+    if (loaded_)
+        return;
+    loaded_ = true;
+    const fs::path dir = paths::dataDir();
+    if (dir.empty()) {
+        warn("warning: there is no folder for saveState.plist; settings are not saved");
+        root_ = defaultState().second;
+        state::repairSections(root_);
         return;
     }
-    if (!plist::writeFile(state.path, Value(state.root))) {
-        log("Error saveState.plist: settings not saved");
+    path_ = (dir / state::kStateFileName).string();
+    file::removeStaleTemporaries(path_, kStaleTemporary);
+    readFromDisk();
+    write(false);
+}
+
+void StateProxy::readFromDisk() {
+    auto opened = plist::openFile(path_, plist::RootKind::Dictionary);
+    blocked_ = opened.state == plist::Opened::State::Blocked;
+    blockedWhy_ = opened.why;
+    if (opened.state == plist::Opened::State::Read) {
+        root_ = std::move(opened.root.dictionary());
+    } else {
+        auto [bytes, defaults] = defaultState();
+        root_ = std::move(defaults);
+        // A missing file is created now, as a copy of the default one; a
+        // blocked one is left alone.
+        if (!blocked_) {
+            copy_ = pending_.empty() ? std::move(bytes) : std::string();
+            dirty_ = true;
+        }
     }
+    if (state::repairSections(root_) && !blocked_) {
+        copy_.clear();
+        dirty_ = true;
+    }
+    merge(root_, pending_);
+}
+
+bool StateProxy::flush() {
+    load();
+    return write(true);
+}
+
+bool StateProxy::write(bool tell) {
+    if (!dirty_)
+        return true;
+    if (blocked_)
+        readFromDisk();
+    file::Failure why;
+    if (path_.empty()) {
+        why = "there is no folder to keep them in";
+    } else if (blocked_) {
+        why = blockedWhy_;
+    } else {
+        const fs::path dir = fs::path(path_).parent_path();
+        const std::string bytes = copy_.empty() ? plist::toXml(Value(root_)) : copy_;
+        if (file::ensureDirectory(dir, &why) && file::writeAtomically(path_, bytes, &why)) {
+            copy_.clear();
+            dirty_ = false;
+            pending_.clear();
+            return true;
+        }
+    }
+    log("Error saveState.plist: settings not saved (" + why + ")");
+    if (tell)
+        notice_.report(*this, "Settings", why);
+    return false;
+}
+
+void StateProxy::apply(const Dictionary& changes) {
+    load();
+    Dictionary before = root_;
+    merge(root_, changes);
+    if (root_ == before)
+        return;
+    merge(pending_, changes);
+    copy_.clear();
+    dirty_ = true;
+    flush();
 }
 
 std::optional<Dictionary> StateProxy::section(const std::string& name) {
-    const StateFile state = readState();
-    const Value& value = valueFor(state.root, name);
+    load();
+    const Value& value = valueFor(root_, name);
     if (value.isDictionary())
         return value.dictionary();
-    if (!value.isNull())
-        log("saveState.plist: \"" + name + "\" is not a dictionary");
     return std::nullopt;
 }
 
@@ -117,29 +188,24 @@ void StateProxy::saveCommonState(const Dictionary& changes) {
 }
 
 void StateProxy::saveDictionaryToFile(const Dictionary& changes, const std::string& sectionName) {
-    StateFile state = readState();
-    auto it = state.root.find(sectionName);
-    if (it == state.root.end() || !it->second.isDictionary()) {
-        log("saveState.plist has no section \"" + sectionName + "\"; the change is not kept");
-    } else {
-        log(it->second.describe());
-        Dictionary& target = it->second.dictionary();
-        for (const auto& [key, value] : changes) {
-            if (!value.isNull())
-                target[key] = value;
-        }
+    Dictionary given;
+    for (const auto& [key, value] : changes) {
+        if (!value.isNull())
+            given[key] = value;
     }
-    writeState(state);
+    log(valueFor(root_, sectionName).describe());
+    apply({{sectionName, Value(std::move(given))}});
 }
 
 int StateProxy::getSelectedViewController() {
-    return state::read(readState().root, state::kSelectedViewController);
+    load();
+    return state::read(root_, state::kSelectedViewController);
 }
 
 void StateProxy::saveSelectedViewController(int tabIndex) {
-    StateFile state = readState();
-    state.root[state::kSelectedViewController.name] = tabIndex;
-    writeState(state);
+    apply({{state::kSelectedViewController.name, tabIndex}});
+    // The last save of a run: a last try for changes not written yet.
+    flush();
 }
 
 }  // namespace zt

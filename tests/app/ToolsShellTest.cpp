@@ -13,6 +13,7 @@
 #include "app/ToolsMediator.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
+#include "state/SaveNotice.h"
 
 using namespace zt;
 
@@ -151,4 +152,22 @@ TEST_F(ToolsShellTest, TabChangesAreRecordedLocallyOrLoggedWhenRecordingFails) {
                                         "General\tOpen_BrainTuner\tOpen_BrainTuner\t-1",
                                         "General\tOpen_Metronome\tOpen_Metronome\t-1"}));
     EXPECT_EQ(tools_.selectedIndex(), 0);
+}
+
+// A save that failed in the state layer reaches the user as the shell's
+// notice, which goes by itself or when tapped.
+TEST_F(ToolsShellTest, SaveFailuresShowATransientNotice) {
+    startShell();
+    QSignalSpy changed(&tools_, &Tools::noticeChanged);
+    Facade::getInstance().sendNotification(
+        kSaveFailed, std::any(std::string("Settings could not be saved: the disk is full.")));
+    EXPECT_EQ(tools_.notice(), "Settings could not be saved: the disk is full.");
+    tools_.dismissNotice();
+    EXPECT_EQ(tools_.notice(), "");
+    EXPECT_EQ(changed.size(), 2);
+
+    Facade::getInstance().sendNotification(kSaveFailed,
+                                           std::any(std::string("Presets could not be saved.")));
+    EXPECT_TRUE(changed.wait(Tools::kNoticeMilliseconds + 2000));
+    EXPECT_EQ(tools_.notice(), "");
 }

@@ -1,10 +1,14 @@
 // zebtools-cli metronome: argument checking, and a render with the real packs.
 #include <gtest/gtest.h>
 #include <sndfile.h>
+#include <sys/resource.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 #include <vector>
 
@@ -122,6 +126,41 @@ TEST(MetronomeCommand, WritesTheRealPackOnTheBeat) {
     for (size_t i = 1; i < onsets.size(); ++i) {
         EXPECT_NEAR(double(onsets[i] - onsets[i - 1]), 22050.0, 1.0) << "beat " << i + 1;
     }
+}
+
+// A write that fails part-way (the file size limit stands in for a full
+// disk) leaves the previous file whole and no temporary file behind.
+TEST(MetronomeCommand, FailedWriteKeepsThePreviousFile) {
+    namespace fs = std::filesystem;
+    std::string dir = (fs::temp_directory_path() / "zt-cli-out-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(dir.data()), nullptr);
+    const fs::path path = fs::path(dir) / "click.wav";
+    std::ofstream(path) << "previous take";
+
+    rlimit saved{};
+    ::getrlimit(RLIMIT_FSIZE, &saved);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = saved;
+    small.rlim_cur = 64 * 1024;
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    std::ostringstream out, err;
+    const int code = runCli({"metronome", "--seconds", "10", "--out", path.string()}, out, err);
+    ::setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+
+    EXPECT_EQ(code, kExitFailure);
+    EXPECT_NE(err.str().find("cannot write " + path.string()), std::string::npos) << err.str();
+    std::ifstream in(path);
+    std::string kept((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(kept, "previous take");
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
+
+    std::ostringstream out2, err2;
+    ASSERT_EQ(runCli({"metronome", "--seconds", "1", "--out", path.string()}, out2, err2), kExitOk)
+        << err2.str();
+    EXPECT_EQ(fs::file_size(path), 44u + 2u * 44100u);
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
+    fs::remove_all(dir);
 }
 
 }  // namespace

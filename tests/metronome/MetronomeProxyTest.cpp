@@ -166,3 +166,44 @@ TEST_F(MetronomeProxyTest, AnyTitleSurvivesTheFile) {
         EXPECT_TRUE(again->containPresetWithName(titles[i])) << index;
     }
 }
+
+// One "&#x0;" used to send the whole list aside.
+TEST_F(MetronomeProxyTest, OnlyBadOrJunkEntriesAreLeftOut) {
+    const std::string bytes =
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>1.0</string>"
+        "<dict><key>name</key><string>Good</string><key>state</key><string>s1</string></dict>"
+        "<dict><key>name</key><string>a&#x0;b</string><key>state</key><string>s2</string></dict>"
+        "<string>junk</string>"
+        "<dict><key>name</key><string> &#9; </string></dict>"
+        "<dict><key>BPM</key><integer>90</integer></dict>"
+        "</array></plist>";
+    writeBytes(presetsPath(), bytes);
+
+    auto proxy = loaded();
+    ASSERT_EQ(proxy->presetsArray().size(), 2u);
+    EXPECT_EQ(proxy->presetNameForIndex(1), "Good");
+    EXPECT_FALSE(fs::exists(dataDir_ / "presetsList.plist.corrupt"));
+    proxy->saveCurrentState(preset(" \t ", "z"));  // a blank name is refused
+    EXPECT_EQ(proxy->presetsArray().size(), 2u);
+}
+
+TEST_F(MetronomeProxyTest, PresetsMadeWhileTheFileIsUnreadableJoinItLater) {
+    fs::create_directories(presetsPath());
+    auto notices = std::make_shared<test::NoticeRecorder>();
+    Facade::getInstance().registerMediator(notices);
+    auto proxy = loaded();
+    proxy->saveCurrentState(preset("New one", "1-4-4-1-1-0-60"));
+    proxy->saveCurrentState(preset("New two", "1-4-4-1-1-0-61"));
+    ASSERT_EQ(notices->messages.size(), 1u);
+    EXPECT_NE(
+        notices->messages[0].find("Presets could not be saved: presetsList.plist cannot be read"),
+        std::string::npos);
+
+    fs::remove(presetsPath());
+    writeBytes(presetsPath(), plist::toXml(Array{"1.0", preset("Old", "1-4-4-1-1-0-62")}));
+    EXPECT_TRUE(proxy->flush());
+    EXPECT_EQ(fileContent(), Value(Array{"1.0", preset("Old", "1-4-4-1-1-0-62"),
+                                         preset("New one", "1-4-4-1-1-0-60"),
+                                         preset("New two", "1-4-4-1-1-0-61")}));
+    EXPECT_EQ(proxy->presetNameForIndex(1), "Old");
+}

@@ -58,6 +58,15 @@ protected:
         screen.savePreset(title);
     }
 
+    // The names the presets rows show.
+    QStringList shownNames() {
+        QStringList out;
+        auto* model = screen.presets();
+        for (int row = 0; row < model->rowCount(); ++row)
+            out.append(model->data(model->index(row), PresetListModel::NameRole).toString());
+        return out;
+    }
+
     QStringList names(std::initializer_list<const char*> list) {
         QStringList out;
         for (const char* name : list)
@@ -76,7 +85,7 @@ TEST_F(MetronomeSettingsTest, FirstRunShowsPacksAndNoPresets) {
     EXPECT_EQ(screen.packNames(), names({"Classic", "Wood", "Cowbell", "Metal", "Electro"}));
     EXPECT_TRUE(screen.firstBeatEmphasis());
     EXPECT_EQ(screen.packNumber(), 1);
-    EXPECT_TRUE(screen.presetNames().isEmpty());
+    EXPECT_TRUE(shownNames().isEmpty());
     EXPECT_EQ(screen.presetNumber(), 0);
     EXPECT_FALSE(screen.addDialogOpen());
     EXPECT_EQ(Facade::getInstance()
@@ -143,16 +152,18 @@ TEST_F(MetronomeSettingsTest, AccentToggleRestartsAndMovesTheMark) {
 
 TEST_F(MetronomeSettingsTest, SaveAnswersTheTitleTyped) {
     addPreset("Waltz");
-    ASSERT_EQ(screen.presetNames(), names({"Waltz"}));
+    ASSERT_EQ(shownNames(), names({"Waltz"}));
     const struct {
         const char* title;
         const char* message;     // "" when the preset is added
         const char* fieldAfter;  // the field's text once "OK" is pressed
+        const char* shown;       // the new row's name when one is added
     } cases[] = {
-        {"", "Please enter a Preset title.", ""},
-        {"waltz", "You allready have preset with same name.", "waltz"},
-        {"Waltz 2", "", ""},
-        {" ", "", ""},
+        {"", "Please enter a Preset title.", "", ""},
+        {"waltz", "You allready have preset with same name.", "waltz", ""},
+        {"Waltz 2", "", "", "Waltz 2"},
+        {" \t ", "Please enter a Preset title.", "", ""},
+        {" Pasted\tname\x01 ", "", "", "Pastedname"},
     };
     int count = 1;
     for (const auto& c : cases) {
@@ -173,13 +184,33 @@ TEST_F(MetronomeSettingsTest, SaveAnswersTheTitleTyped) {
             screen.cancelAddPreset();
         } else {
             ++count;
-            EXPECT_EQ(screen.presetNames().last(), c.title);
+            EXPECT_EQ(shownNames().last(), c.shown);
         }
         EXPECT_FALSE(screen.addDialogOpen()) << c.title;
         EXPECT_FALSE(screen.fieldFocused()) << c.title;
-        EXPECT_EQ(screen.presetNames().size(), count) << c.title;
+        EXPECT_EQ(shownNames().size(), count) << c.title;
     }
-    EXPECT_EQ(presets->presetNameForIndex(3), " ");
+    EXPECT_EQ(presets->presetNameForIndex(3), "Pastedname");
+}
+
+// Each add or delete used to rebuild every row.
+TEST_F(MetronomeSettingsTest, AddingOrDeletingChangesOneRowOfTheList) {
+    addPreset("A");
+    addPreset("B");
+    addPreset("C");
+    auto* model = screen.presets();
+    QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy removed(model, &QAbstractItemModel::rowsRemoved);
+    QSignalSpy reset(model, &QAbstractItemModel::modelReset);
+    addPreset("D");
+    screen.deletePreset(2);
+    ASSERT_EQ(inserted.size(), 1);
+    EXPECT_EQ(inserted.at(0).at(1).toInt(), 3);
+    ASSERT_EQ(removed.size(), 1);
+    EXPECT_EQ(removed.at(0).at(1).toInt(), 1);
+    EXPECT_EQ(reset.size(), 0);
+    EXPECT_EQ(shownNames(), names({"A", "C", "D"}));
+    EXPECT_EQ(model->count(), 3);
 }
 
 TEST_F(MetronomeSettingsTest, AddedPresetIsMarkedSavedAndScrolledTo) {
@@ -200,7 +231,7 @@ TEST_F(MetronomeSettingsTest, AddedPresetIsMarkedSavedAndScrolledTo) {
     screen.addPresetRequested();
     screen.setPresetTitle("Third");
     screen.cancelAddPreset();
-    EXPECT_EQ(screen.presetNames(), names({"First", "Second"}));
+    EXPECT_EQ(shownNames(), names({"First", "Second"}));
 }
 
 TEST_F(MetronomeSettingsTest, MarkFollowsTheSettingsNotTheLastTouch) {
@@ -272,7 +303,7 @@ TEST_F(MetronomeSettingsTest, DeletingRecomputesTheMark) {
         QStringList expected;
         for (const char* name : step.left)
             expected.append(name);
-        EXPECT_EQ(screen.presetNames(), expected) << step.row;
+        EXPECT_EQ(shownNames(), expected) << step.row;
         EXPECT_EQ(screen.presetNumber(), step.mark) << step.row;
         EXPECT_EQ(presets->presetsArray().size(), step.left.size() + 1) << step.row;
     }

@@ -2,8 +2,12 @@
 // the presets.
 #include <sys/stat.h>
 
+#include <chrono>
+#include <cstdint>
+
 #include "state/AtomicFile.h"
 #include "state/PlistFile.h"
+#include "state/PlistText.h"
 #include "state/StateTestSupport.h"
 
 using namespace zt;
@@ -109,19 +113,130 @@ TEST_F(PlistFileTest, KeepAsideNeverOverwritesAnEarlierCopy) {
     EXPECT_FALSE(file::keepAside(dataDir_ / "none.plist").has_value());
 }
 
-TEST_F(PlistFileTest, LoadWithDefaultCreatesOrRepairsAnArrayFile) {
+TEST_F(PlistFileTest, OpenKeepsDamagedOrOversizeFilesAsideAndLeavesUnreadableOnesAlone) {
     const fs::path path = dataDir_ / "presetsList.plist";
-    const std::string defaultXml = plist::toXml(Array{"1.0"});
-
-    auto created = plist::loadWithDefault(path, plist::RootKind::Array, defaultXml);
-    EXPECT_TRUE(created.fromFile);
-    EXPECT_EQ(created.root, Value(Array{"1.0"}));
-    EXPECT_EQ(readBytes(path), defaultXml);
+    EXPECT_EQ(plist::openFile(path, plist::RootKind::Array).state, plist::Opened::State::Missing);
 
     writeBytes(path, "<plist><dict/></plist>");
-    auto repaired = plist::loadWithDefault(path, plist::RootKind::Array, defaultXml);
-    EXPECT_TRUE(repaired.fromFile);
-    EXPECT_EQ(repaired.root, Value(Array{"1.0"}));
+    EXPECT_EQ(plist::openFile(path, plist::RootKind::Array).state, plist::Opened::State::Missing);
     EXPECT_EQ(readBytes(dataDir_ / "presetsList.plist.corrupt"), "<plist><dict/></plist>");
     EXPECT_TRUE(logged("warning"));
+
+    // Larger than any file of ours can be: set aside like a damaged one.
+    writeBytes(path, std::string(17u << 20, ' '));
+    EXPECT_EQ(plist::openFile(path, plist::RootKind::Array).state, plist::Opened::State::Missing);
+    EXPECT_EQ(fs::file_size(dataDir_ / "presetsList.plist.corrupt.1"), 17u << 20);
+
+    fs::create_directories(path);
+    const auto blocked = plist::openFile(path, plist::RootKind::Array);
+    EXPECT_EQ(blocked.state, plist::Opened::State::Blocked);
+    EXPECT_EQ(blocked.why, "presetsList.plist cannot be read");
+    EXPECT_TRUE(fs::is_directory(path));
+}
+
+// Nesting of 50,000 levels overflowed the stack of the parser.
+TEST_F(PlistFileTest, DeeplyNestedListsAreRefusedNotParsed) {
+    const std::string head = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
+    const auto nested = [&](int depth) {
+        std::string xml = head;
+        for (int i = 0; i < depth; ++i)
+            xml += i % 2 ? "<dict><key>k</key>" : "<array>";
+        for (int i = depth - 1; i >= 0; --i)
+            xml += i % 2 ? "</dict>" : "</array>";
+        return xml + "</plist>";
+    };
+    EXPECT_TRUE(plist::parse(nested(plist::kMaxDepth)).has_value());
+    EXPECT_FALSE(plist::parse(nested(plist::kMaxDepth + 1)).has_value());
+    EXPECT_FALSE(plist::parse(nested(50000)).has_value());
+
+    // The same in the binary form: object i is an array holding object i+1.
+    const int depth = 200000;
+    std::string bin = "bplist00";
+    std::vector<std::uint32_t> offsets;
+    const auto put = [&bin](std::uint64_t v, int bytes) {
+        for (int b = bytes - 1; b >= 0; --b)
+            bin += static_cast<char>((v >> (8 * b)) & 0xFF);
+    };
+    for (int i = 0; i < depth; ++i) {
+        offsets.push_back(static_cast<std::uint32_t>(bin.size()));
+        bin += static_cast<char>(i + 1 < depth ? 0xA1 : 0xA0);
+        if (i + 1 < depth)
+            put(static_cast<std::uint64_t>(i + 1), 4);
+    }
+    const std::size_t table = bin.size();
+    for (auto offset : offsets)
+        put(offset, 4);
+    bin += std::string(6, '\0') + "\x04\x04";
+    put(depth, 8), put(0, 8), put(table, 8);
+    EXPECT_FALSE(plist::parse(bin).has_value());
+
+    const fs::path path = dataDir_ / "saveState.plist";
+    writeBytes(path, nested(50000));
+    EXPECT_EQ(plist::readFile(path, plist::RootKind::Dictionary).status,
+              plist::FileStatus::Corrupt);
+}
+
+TEST_F(PlistFileTest, TextIsCleanedOnWriteAndOnlyDamagedValuesAreDroppedOnRead) {
+    // Pasted text: a NUL, a bell, a lone continuation byte, a noncharacter.
+    const std::string pasted = std::string("a\0b\x07", 4) + "c\x80" + "d\xEF\xB7\x90" + "e\tf";
+    EXPECT_EQ(plist::sanitizeText(pasted),
+              "abc\xEF\xBF\xBD"
+              "de\tf");
+    EXPECT_EQ(plist::sanitizeName("  \t Slow\nblues \xC2\xA0 "), "Slowblues");
+    EXPECT_EQ(plist::sanitizeName(" \xE3\x80\x80 "), "");
+
+    const std::string xml = plist::toXml(Dictionary{{"k\x01", pasted}});
+    EXPECT_TRUE(plist::isCleanText(xml));
+    EXPECT_EQ(plist::parse(xml), Value(Dictionary{{"k",
+                                                   "abc\xEF\xBF\xBD"
+                                                   "de\tf"}}));
+
+    // Written by another program: only the strings that carry a character
+    // XML forbids, and the entries holding them, are lost.
+    const std::string head = "<?xml version=\"1.0\"?><plist version=\"1.0\"><array>";
+    const struct {
+        const char* bad;
+    } cases[] = {{"&#x0;"}, {"&#1;"}, {"&#xFFFE;"}, {"\x01"}, {"\xFF"}, {"\xED\xA0\x80"}};
+    for (const auto& c : cases) {
+        const auto parsed =
+            plist::parse(head + "<string>1.0</string><dict><key>name</key><string>a" + c.bad +
+                         "b</string><key>BPM</key><integer>7</integer>" +
+                         "</dict><string>ok &#x41;&#10;</string></array></plist>");
+        ASSERT_TRUE(parsed.has_value()) << c.bad;
+        EXPECT_EQ(*parsed, Value(Array{"1.0", Dictionary{{"BPM", 7}}, "ok A\n"})) << c.bad;
+    }
+}
+
+TEST_F(PlistFileTest, DatesAndDataOfOtherProgramsSurviveARoundTrip) {
+    const std::string xml =
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>when</key>"
+        "<date>2020-01-02T03:04:05Z</date><key>blob</key><data>AAEC/w==</data></dict></plist>";
+    const auto first = plist::parse(xml);
+    ASSERT_TRUE(first.has_value());
+    const std::string rewritten = plist::toXml(*first);
+    EXPECT_NE(rewritten.find("<date>2020-01-02T03:04:05Z</date>"), std::string::npos);
+    EXPECT_NE(rewritten.find("AAEC/w=="), std::string::npos);
+    EXPECT_EQ(plist::parse(rewritten), first);
+}
+
+TEST_F(PlistFileTest, WritesGoThroughSymbolicLinksAndStaleTemporariesAreCleared) {
+    const fs::path real = root_ / "elsewhere" / "state.plist";
+    writeBytes(real, "old");
+    fs::create_directories(dataDir_);
+    const fs::path link = dataDir_ / "saveState.plist";
+    fs::create_symlink(real, link);
+    ASSERT_TRUE(file::writeAtomically(link, "new"));
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(readBytes(real), "new");
+
+    const fs::path stale = dataDir_ / ".f.plist.AbC123";
+    const fs::path fresh = dataDir_ / ".f.plist.XyZ789";
+    writeBytes(stale, "half");
+    writeBytes(fresh, "half");
+    fs::last_write_time(stale, fs::file_time_type::clock::now() - std::chrono::hours(1));
+    writeBytes(dataDir_ / ".f.plist.other-name", "kept");
+    file::removeStaleTemporaries(dataDir_ / "f.plist", std::chrono::minutes(1));
+    EXPECT_FALSE(fs::exists(stale));
+    EXPECT_TRUE(fs::exists(fresh));
+    EXPECT_TRUE(fs::exists(dataDir_ / ".f.plist.other-name"));
 }

@@ -1,7 +1,11 @@
 // The saved-state file: first run, merging saves, damaged files and a data
 // folder that cannot be written.
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <chrono>
 
 #include "state/StateKeys.h"
 #include "state/StateProxy.h"
@@ -75,15 +79,32 @@ TEST_P(StateSaveTest, MergesOnlyTheGivenKeysIntoItsSection) {
 
 INSTANTIATE_TEST_SUITE_P(Sections, StateSaveTest, ::testing::ValuesIn(kSaves));
 
-TEST_F(StateProxyTest, SavingIntoAMissingSectionWritesTheFileBackUnchanged) {
-    Dictionary content = state::defaultSavedState();
-    content.erase("BrainSettings");
-    writeBytes(statePath(), plist::toXml(content));
+// Such a file used to be taken as valid and every save of that tool dropped.
+TEST_F(StateProxyTest, MissingOrWrongSectionsAreRestoredAndTheGoodOnesKept) {
+    const struct {
+        const char* what;
+        Value brainSection;  // null: no section
+    } cases[] = {{"missing", Value()}, {"a string", Value("junk")}, {"empty", Dictionary{}}};
+    for (const auto& c : cases) {
+        Dictionary content = state::defaultSavedState();
+        content["MetronomeSettings"].dictionary()["BPM"] = 99;
+        content["Extra"] = "kept";
+        if (c.brainSection.isNull())
+            content.erase("BrainSettings");
+        else
+            content["BrainSettings"] = c.brainSection;
+        writeBytes(statePath(), plist::toXml(content));
+        proxy_.reset();
 
-    proxy()->saveBrainTunerState({{"Loop", true}});
-    EXPECT_EQ(readDictionary(statePath()), content);
-    EXPECT_EQ(proxy()->getBrainTunerData(), std::nullopt);
-    EXPECT_TRUE(logged("no section \"BrainSettings\""));
+        EXPECT_EQ(proxy()->getBrainTunerData(), (Dictionary{{"Loop", false}})) << c.what;
+        proxy()->saveBrainTunerState({{"Loop", true}});
+        const Dictionary saved = readDictionary(statePath());
+        EXPECT_EQ(valueFor(saved, "BrainSettings"), Value(Dictionary{{"Loop", true}})) << c.what;
+        EXPECT_EQ(
+            state::read(valueFor(saved, "MetronomeSettings").dictionary(), state::metronome::kBPM),
+            99);
+        EXPECT_EQ(valueFor(saved, "Extra"), Value("kept"));
+    }
 }
 
 TEST_F(StateProxyTest, SelectedTabIsSavedAtTheTopLevel) {
@@ -97,6 +118,7 @@ TEST_F(StateProxyTest, SelectedTabIsSavedAtTheTopLevel) {
 TEST_F(StateProxyTest, DeletedFileIsRestoredFromTheDefaultsOnTheNextRead) {
     proxy()->saveMetromoneState({{"BPM", 120}});
     fs::remove(statePath());
+    proxy_.reset();  // the next run
     EXPECT_EQ(state::read(*proxy()->getMetronomeData(), state::metronome::kBPM), 60);
     EXPECT_EQ(readDictionary(statePath()), state::defaultSavedState());
 }
@@ -111,6 +133,7 @@ TEST_F(StateProxyTest, DamagedFileIsKeptAsideAndTheDefaultsTakeItsPlace) {
         }
         writeBytes(statePath(), bytes);
         logLines_.clear();
+        proxy_.reset();
 
         EXPECT_EQ(proxy()->getChordsLibraryData(),
                   valueFor(state::defaultSavedState(), "ChordsSettings").dictionary());
@@ -132,7 +155,8 @@ TEST_F(StateProxyTest, DataFolderThatCannotBeCreatedRunsOnDefaults) {
     logLines_.clear();
     proxy()->saveMetromoneState({{"BPM", 120}});
     EXPECT_TRUE(logged("not saved"));
-    EXPECT_EQ(state::read(*proxy()->getMetronomeData(), state::metronome::kBPM), 60);
+    // Kept for the rest of the run.
+    EXPECT_EQ(state::read(*proxy()->getMetronomeData(), state::metronome::kBPM), 120);
     EXPECT_EQ(readBytes(root_ / "plainfile"), "x");
 }
 
@@ -150,7 +174,8 @@ TEST_F(StateProxyTest, ReadOnlyFolderLeavesTheUsersFilesAsTheyAre) {
     proxy()->saveMetromoneState({{"BPM", 120}});
     EXPECT_TRUE(logged("not saved"));
     EXPECT_EQ(readDictionary(statePath()), content);
-    EXPECT_EQ(state::read(*proxy()->getMetronomeData(), state::metronome::kBPM), 99);
+    EXPECT_EQ(state::read(*proxy()->getMetronomeData(), state::metronome::kBPM), 120);
+    proxy_.reset();
 
     // A damaged file that cannot be moved aside is not replaced either.
     setDataDir(dataDir_ / "other");
@@ -160,4 +185,157 @@ TEST_F(StateProxyTest, ReadOnlyFolderLeavesTheUsersFilesAsTheyAre) {
     EXPECT_EQ(readBytes(statePath()), "garbage");
     EXPECT_FALSE(std::filesystem::exists(dataDir_ / "saveState.plist.corrupt"));
     ::chmod(dataDir_.c_str(), 0700);
+}
+
+// Start-up used to read the file 8 times and write it 5 times.
+TEST_F(StateProxyTest, ReadsOnceAndWritesOnlyWhatChanged) {
+    proxy()->getStateFilePath();
+    struct stat before {};
+    ASSERT_EQ(::stat(statePath().c_str(), &before), 0);
+    proxy_.reset();
+    for (int i = 0; i < 8; ++i)
+        proxy()->getChromaticTunerData(), proxy()->getSelectedViewController();
+    proxy()->saveMetromoneState({{"BPM", 60}});
+    proxy()->saveSelectedViewController(0);
+    struct stat after {};
+    ASSERT_EQ(::stat(statePath().c_str(), &after), 0);
+    EXPECT_EQ(after.st_ino, before.st_ino);  // a write renames a new file in
+
+    // Later changes of the file by others are not seen: the state is read once.
+    Dictionary other = state::defaultSavedState();
+    other["CommonSettings"].dictionary()["Tuning"] = 5;
+    writeBytes(statePath(), plist::toXml(other));
+    EXPECT_EQ(proxy()->getCommonData(), (Dictionary{{"Tuning", 0}}));
+}
+
+TEST_F(StateProxyTest, FailedSavesAreKeptRetriedAndToldOnce) {
+    const struct {
+        const char* what;
+        bool readOnly;
+        const char* why;
+    } cases[] = {{"full disk", false, "the disk is full"},
+                 {"read-only disk", true, "the disk is read-only"}};
+    for (const auto& c : cases) {
+        ::umount2(dataDir_.c_str(), MNT_DETACH);
+        if (!test::mountSmallDisk(dataDir_, 64 * 1024))
+            GTEST_SKIP() << "cannot mount a small file system here";
+        Facade::reset();
+        proxy_.reset();
+        auto notices = std::make_shared<test::NoticeRecorder>();
+        Facade::getInstance().registerMediator(notices);
+        Facade::getInstance().registerProxy(proxy());
+        proxy()->getStateFilePath();
+        const std::string original = readBytes(statePath());
+        const fs::path filler = dataDir_ / "filler";
+        if (c.readOnly) {
+            ASSERT_TRUE(test::remountReadOnly(dataDir_));
+        } else {
+            writeBytes(filler, std::string(64 * 1024, 'x'));  // fills the disk
+        }
+
+        proxy()->saveMetromoneState({{"BPM", 100}});
+        proxy()->saveCommonState({{"Tuning", 3}});
+        EXPECT_EQ(readBytes(statePath()), original) << c.what;
+        EXPECT_EQ(state::read(*proxy()->getMetronomeData(), state::metronome::kBPM), 100);
+        ASSERT_EQ(notices->messages.size(), 1u) << c.what;
+        EXPECT_NE(notices->messages[0].find(std::string("Settings could not be saved: ") + c.why),
+                  std::string::npos)
+            << notices->messages[0];
+        EXPECT_EQ(std::distance(fs::directory_iterator(dataDir_), fs::directory_iterator()),
+                  c.readOnly ? 1 : 2);  // no temporary left behind
+
+        // Room again: the next save writes every change kept meanwhile.
+        if (c.readOnly)
+            ASSERT_EQ(::mount(nullptr, dataDir_.c_str(), nullptr, MS_REMOUNT, nullptr), 0);
+        else
+            fs::remove(filler);
+        proxy()->saveSelectedViewController(2);
+        const Dictionary saved = readDictionary(statePath());
+        EXPECT_EQ(
+            state::read(valueFor(saved, "MetronomeSettings").dictionary(), state::metronome::kBPM),
+            100);
+        EXPECT_EQ(valueFor(valueFor(saved, "CommonSettings").dictionary(), "Tuning"), Value(3));
+        EXPECT_EQ(valueFor(saved, "SelectedViewController"), Value(2));
+        EXPECT_EQ(notices->messages.size(), 1u);
+    }
+}
+
+TEST_F(StateProxyTest, UnreadableOrOversizeFilesAreNeverWrittenOver) {
+    // Over 16 MB: kept aside, and saving works again.
+    writeBytes(statePath(), std::string(17u << 20, ' '));
+    proxy()->saveMetromoneState({{"BPM", 100}});
+    EXPECT_EQ(fs::file_size(dataDir_ / "saveState.plist.corrupt"), 17u << 20);
+    EXPECT_EQ(state::read(valueFor(readDictionary(statePath()), "MetronomeSettings").dictionary(),
+                          state::metronome::kBPM),
+              100);
+
+    // Cannot be read (here: not a file): left alone, the changes kept and
+    // merged into it once it can be read.
+    fs::remove(statePath());
+    fs::create_directory(statePath());
+    proxy_.reset();
+    proxy()->saveMetromoneState({{"BPM", 110}});
+    EXPECT_TRUE(fs::is_directory(statePath()));
+    fs::remove(statePath());
+    Dictionary theirs = state::defaultSavedState();
+    theirs["CommonSettings"].dictionary()["Tuning"] = 7;
+    writeBytes(statePath(), plist::toXml(theirs));
+    proxy()->saveBrainTunerState({{"Loop", true}});
+    const Dictionary saved = readDictionary(statePath());
+    EXPECT_EQ(valueFor(valueFor(saved, "CommonSettings").dictionary(), "Tuning"), Value(7));
+    EXPECT_EQ(valueFor(valueFor(saved, "MetronomeSettings").dictionary(), "BPM"), Value(110));
+    EXPECT_EQ(valueFor(valueFor(saved, "BrainSettings").dictionary(), "Loop"), Value(true));
+}
+
+// A run killed at any moment of a save leaves the old file or the new one,
+// never a torn one; the next run clears its temporary files.
+TEST_F(StateProxyTest, KillDuringSavesNeverLeavesABrokenFile) {
+    proxy()->getStateFilePath();
+    for (int round = 0; round < 40; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            Facade::reset();
+            auto saver = makeProxy<StateProxy>();
+            for (int bpm = 0;; bpm = (bpm + 1) % 200)
+                saver->saveMetromoneState({{"BPM", bpm}, {"pad", std::string(4000, 'p')}});
+        }
+        ::usleep(static_cast<useconds_t>(2000 + (round * 7919) % 20000));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const auto parsed = plist::parse(readBytes(statePath()));
+        ASSERT_TRUE(parsed && parsed->isDictionary()) << "round " << round;
+        EXPECT_TRUE(valueFor(parsed->dictionary(), "MetronomeSettings").isDictionary());
+    }
+    // Interrupted saves may leave temporaries; a new run removes the old ones.
+    for (const auto& entry : fs::directory_iterator(dataDir_)) {
+        if (entry.path().filename() != "saveState.plist")
+            fs::last_write_time(entry.path(),
+                                fs::file_time_type::clock::now() - std::chrono::hours(1));
+    }
+    proxy_.reset();
+    proxy()->getMetronomeData();
+    EXPECT_EQ(std::distance(fs::directory_iterator(dataDir_), fs::directory_iterator()), 1);
+}
+
+// With no HOME and no XDG_DATA_HOME the folder used to be "/.local/share".
+TEST_F(StateProxyTest, DataFolderIsNeverTheRootOfTheFileSystem) {
+    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+    ::unsetenv("ZEBTOOLS_DATA_DIR");
+    const struct {
+        const char* home;  // nullptr: unset
+        const char* xdg;
+    } cases[] = {{nullptr, nullptr}, {"/", nullptr}, {"", "relative/dir"}};
+    for (const auto& c : cases) {
+        c.home ? ::setenv("HOME", c.home, 1) : ::unsetenv("HOME");
+        c.xdg ? ::setenv("XDG_DATA_HOME", c.xdg, 1) : ::unsetenv("XDG_DATA_HOME");
+        const fs::path dir = paths::dataDir();
+        // The account's home, or nothing (and nothing saved).
+        if (!dir.empty()) {
+            EXPECT_TRUE(dir.is_absolute()) << dir;
+            EXPECT_NE(dir.parent_path().parent_path().parent_path(), dir.root_path()) << dir;
+        }
+    }
+    ::setenv("HOME", home.c_str(), 1);
+    ::unsetenv("XDG_DATA_HOME");
 }

@@ -3,7 +3,9 @@
 // the log lines written meanwhile.
 
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <stdlib.h>
+#include <sys/mount.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -14,10 +16,39 @@
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
+#include "framework/Mediator.h"
 #include "framework/Paths.h"
 #include "state/PlistCodec.h"
+#include "state/SaveNotice.h"
 
 namespace zt::test {
+
+// The messages of kSaveFailed, as the shell would show them.
+struct NoticeRecorder : Mediator {
+    NoticeRecorder() : Mediator("NoticeRecorder") {}
+    std::vector<std::string> listNotificationInterests() const override { return {kSaveFailed}; }
+    void handleNotification(const Notification& n) override {
+        const auto* text = n.bodyAs<std::string>();
+        messages.push_back(text ? *text : "(not a string)");
+    }
+    std::vector<std::string> messages;
+};
+
+// Mounts an empty file system of the given size at dir, seen by this test
+// process only (a private mount namespace), so that a full disk or a
+// read-only one is real. False where the system does not allow it.
+inline bool mountSmallDisk(const std::filesystem::path& dir, std::size_t bytes) {
+    static const bool privateMounts =
+        ::unshare(CLONE_NEWNS) == 0 &&
+        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    std::filesystem::create_directories(dir);
+    const std::string options = "size=" + std::to_string(bytes) + ",mode=0755";
+    return privateMounts && ::mount("tmpfs", dir.c_str(), "tmpfs", 0, options.c_str()) == 0;
+}
+
+inline bool remountReadOnly(const std::filesystem::path& dir) {
+    return ::mount(nullptr, dir.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+}
 
 class DataDirTest : public ::testing::Test {
 protected:
@@ -33,6 +64,7 @@ protected:
     }
 
     void TearDown() override {
+        ::umount2(dataDir_.c_str(), MNT_DETACH);
         setLogSink({});
         setLogQuiet(false);
         Facade::reset();

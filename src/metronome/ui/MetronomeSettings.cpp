@@ -5,6 +5,7 @@
 #include "metronome/ui/MetronomeControls.h"
 #include "metronome/ui/MetronomeSettingsDelegate.h"
 #include "sound/SoundBank.h"
+#include "state/PlistText.h"
 
 namespace zt {
 
@@ -28,6 +29,7 @@ void MetronomeSettings::viewWillAppear() {
         packNumber_ = metronome_->packNumber();
     }
     updatePresetNumber();
+    presets_.reload();
     reload();
 }
 
@@ -80,7 +82,9 @@ void MetronomeSettings::choosePreset(int row) {
 void MetronomeSettings::deletePreset(int row) {
     if (row < 1 || row > presetsCount() || !delegate_)
         return;
+    presets_.beginRemove(row);
     delegate_->removePresetWithIndex(row);
+    presets_.endRemove();
     updatePresetNumber();
     reload();
 }
@@ -97,8 +101,8 @@ void MetronomeSettings::savePreset(const QString& title) {
     if (!dialogOpen_ || !message_.isEmpty())
         return;
     nameField_ = title;
-    const std::string name = title.toStdString();
-    if (title.isEmpty()) {
+    const std::string name = plist::sanitizeName(title.toStdString());
+    if (name.empty()) {
         fieldFocused_ = false;
         message_ = QStringLiteral("Please enter a Preset title.");
         clearFieldAfterMessage_ = true;
@@ -110,7 +114,9 @@ void MetronomeSettings::savePreset(const QString& title) {
         if (delegate_ && metronome_) {
             Dictionary preset = metronome_->currentSettings();
             preset["name"] = name;
+            presets_.beginAppend();
             delegate_->saveCurrentState(preset);
+            presets_.endAppend();
             presetNumber_ = presetsCount();
         } else {
             log("preset \"" + name + "\" not added: the screen is not connected");
@@ -148,11 +154,6 @@ void MetronomeSettings::updatePresetNumber() {
 }
 
 void MetronomeSettings::reload() {
-    presetNames_.clear();
-    const int count = presetsCount();
-    for (int index = 1; index <= count; ++index) {
-        presetNames_.append(QString::fromStdString(delegate_->presetNameForIndex(index)));
-    }
     emit reloaded();
 }
 

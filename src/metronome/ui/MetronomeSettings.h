@@ -16,6 +16,7 @@
 #include <QStringList>
 
 #include "app/Screen.h"
+#include "metronome/ui/PresetListModel.h"
 
 namespace zt {
 
@@ -40,8 +41,8 @@ class MetronomeSettings : public zt::Screen {
     Q_PROPERTY(bool firstBeatEmphasis READ firstBeatEmphasis NOTIFY reloaded)
     // 1 to 5.
     Q_PROPERTY(int packNumber READ packNumber NOTIFY reloaded)
-    // Preset k (1 to n) is presetNames[k - 1].
-    Q_PROPERTY(QStringList presetNames READ presetNames NOTIFY reloaded)
+    // Preset k (1 to n) is row k - 1.
+    Q_PROPERTY(zt::PresetListModel* presets READ presets CONSTANT)
     // The marked preset, 0 when none.
     Q_PROPERTY(int presetNumber READ presetNumber NOTIFY reloaded)
 
@@ -55,7 +56,10 @@ class MetronomeSettings : public zt::Screen {
 public:
     explicit MetronomeSettings(MetronomeControls* metronome, QObject* parent = nullptr);
 
-    void setDelegate(MetronomeSettingsDelegate* delegate) { delegate_ = delegate; }
+    void setDelegate(MetronomeSettingsDelegate* delegate) {
+        delegate_ = delegate;
+        presets_.setDelegate(delegate);
+    }
     MetronomeSettingsDelegate* delegate() const { return delegate_; }
     MetronomeControls* metronome() const { return metronome_; }
 
@@ -72,7 +76,7 @@ public:
 
     bool firstBeatEmphasis() const { return switcherFBValue_; }
     int packNumber() const { return packNumber_; }
-    QStringList presetNames() const { return presetNames_; }
+    PresetListModel* presets() { return &presets_; }
     int presetNumber() const { return presetNumber_; }
 
     bool addDialogOpen() const { return dialogOpen_; }
@@ -98,7 +102,10 @@ public:
 
     // "Add new preset": an empty field with the keyboard.
     Q_INVOKABLE void addPresetRequested();
-    // "Save" (or return in the field) with the field's text.
+    // "Save" (or return in the field) with the field's text. Control
+    // characters and text that is not UTF-8 (a pasted name) are dropped and
+    // white space at either end is trimmed; a title with nothing printable
+    // counts as empty.
     Q_INVOKABLE void savePreset(const QString& title);
     Q_INVOKABLE void cancelAddPreset();
     // "OK" on a message: back to the field, which keeps its text after a
@@ -120,7 +127,7 @@ private:
     MetronomeSettingsDelegate* delegate_ = nullptr;
     MetronomeControls* metronome_ = nullptr;
     QStringList arrayPack_;
-    QStringList presetNames_;
+    PresetListModel presets_;
     bool switcherFBValue_ = true;
     bool dialogOpen_ = false;
     QString nameField_;

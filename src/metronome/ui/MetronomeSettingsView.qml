@@ -4,7 +4,13 @@
 // shown comes from the MetronomeSettings object and every touch is
 // forwarded to it; the add-preset dialog is PresetDialogs. The shell draws
 // the navigation bar. In a wide window the cards keep to a centred column.
-pragma ComponentBehavior: Bound
+//
+// The whole table is one ListView over the presets, the other cards being
+// its header: only the preset rows on screen exist, however many presets
+// there are.
+//
+// Not "pragma ComponentBehavior: Bound": Qt 6.4 cannot create a bound
+// component as a ListView's header.
 
 import QtQuick
 import QtQuick.Controls.Basic
@@ -14,172 +20,73 @@ Rectangle {
     id: view
 
     required property MetronomeSettings screen
+    readonly property real columnWidth: Math.min(width - 24, Theme.columnWidth)
 
     color: Theme.background
 
-    Flickable {
-        id: flick
+    ListView {
+        id: list
 
+        objectName: "settingsList"
         anchors.fill: parent
-        contentWidth: width
-        contentHeight: content.y + content.height + 16
-        boundsBehavior: Flickable.StopAtBounds
         clip: true
-
+        boundsBehavior: Flickable.StopAtBounds
+        model: view.screen.presets
         ScrollIndicator.vertical: ScrollIndicator {}
 
-        Column {
-            id: content
+        // The views' ids are reached from the header and the rows, which
+        // cannot be bound components here (see the top of the file).
+        // qmllint disable unqualified
+        header: MetronomeSettingsTop {
+            screen: view.screen
+            x: (list.width - width) / 2
+            width: view.columnWidth
+        }
 
-            x: (flick.width - width) / 2
-            y: 16
-            width: Math.min(flick.width - 24, Theme.columnWidth)
+        delegate: PresetRow {
+            required property int index
 
-            Card {
-                width: content.width
+            screen: view.screen
+            row: index + 1
+            x: (list.width - view.columnWidth) / 2 + 1
+            width: view.columnWidth - 2
+        }
 
-                CardRow {
-                    objectName: "accentRow"
-                    title: view.screen.accentTitle
-                    first: true
-                    last: true
-                    trailing: accentSwitch.width + 6
-                    onClicked: view.screen.toggleAccent()
+        footer: Item {
+            width: list.width
+            height: 17
+        }
+        // qmllint enable unqualified
 
-                    Switch {
-                        id: accentSwitch
-
-                        objectName: "accentSwitch"
-                        anchors.right: parent.right
-                        anchors.rightMargin: 10
-                        anchors.verticalCenter: parent.verticalCenter
-                        padding: 0
-                        checked: view.screen.firstBeatEmphasis
-                        onToggled: view.screen.toggleAccent()
-                        indicator: Rectangle {
-                            implicitWidth: 50
-                            implicitHeight: 30
-                            radius: 15
-                            color: accentSwitch.checked ? Theme.accent : Theme.separator
-                            Behavior on color { ColorAnimation { duration: 150 } }
-
-                            Rectangle {
-                                x: accentSwitch.checked ? parent.width - width - 2 : 2
-                                y: 2
-                                width: 26
-                                height: 26
-                                radius: 13
-                                color: accentSwitch.down ? "#E0E0E0" : "#FFFFFF"
-                                Behavior on x { NumberAnimation { duration: 150 } }
-                            }
-                        }
-                    }
-                }
-            }
-
-            SectionHeader {
-                width: content.width
-                text: view.screen.packHeader
-            }
-
-            Card {
-                width: content.width
-
-                Repeater {
-                    model: view.screen.packNames
-
-                    CardRow {
-                        required property string modelData
-                        required property int index
-
-                        objectName: "packRow" + (index + 1)
-                        title: modelData
-                        marked: index + 1 === view.screen.packNumber
-                        first: index === 0
-                        last: index === view.screen.packNames.length - 1
-                        onClicked: view.screen.choosePack(index + 1)
-                    }
-                }
-            }
-
-            SectionHeader {
-                width: content.width
-                text: view.screen.presetsHeader
-            }
-
-            Card {
-                id: presetsCard
-
-                width: content.width
-
-                ItemDelegate {
-                    id: addRow
-
-                    objectName: "addPresetRow"
-                    width: parent.width
-                    height: Theme.rowHeight
-                    leftPadding: 16
-                    onClicked: view.screen.addPresetRequested()
-                    background: RowBackground {
-                        down: addRow.down
-                        first: true
-                        last: view.screen.presetNames.length === 0
-                    }
-                    contentItem: Row {
-                        spacing: 10
-
-                        Rectangle {
-                            anchors.verticalCenter: parent.verticalCenter
-                            width: 22
-                            height: 22
-                            radius: 11
-                            color: Theme.accent
-
-                            Text {
-                                anchors.centerIn: parent
-                                text: "+"
-                                color: Theme.background
-                                font.pixelSize: 18
-                                font.bold: true
-                            }
-                        }
-                        Text {
-                            anchors.verticalCenter: parent.verticalCenter
-                            text: view.screen.addPresetTitle
-                            color: Theme.accent
-                            font.pixelSize: 16
-                        }
-                    }
-
-                    RowSeparator {
-                        visible: view.screen.presetNames.length > 0
-                    }
-                }
-
-                Repeater {
-                    model: view.screen.presetNames
-
-                    PresetRow {
-                        required property string modelData
-                        required property int index
-
-                        screen: view.screen
-                        row: index + 1
-                        name: modelData
-                    }
-                }
-            }
+        // The presets card's frame, behind the rows: from the top of the
+        // add row (the header's last row) to the last preset.
+        Rectangle {
+            parent: list.contentItem
+            z: -1
+            x: (list.width - width) / 2
+            y: list.headerItem ? list.headerItem.y + list.headerItem.height - Theme.rowHeight - 1 : 0
+            width: view.columnWidth
+            height: (list.footerItem ? list.footerItem.y + 1 : list.contentHeight) - y
+            radius: Theme.cardRadius
+            color: Theme.panel
+            border.color: Theme.separator
         }
     }
 
+    // Brings a new preset into view at the bottom, smoothly, once its row is
+    // laid out: the view finds where that is, then slides there from where
+    // it was.
     Timer {
         id: scrollTimer
 
+        property int row: 0
+
         interval: 0
         onTriggered: {
-            presetsCard.forceLayout()
-            content.forceLayout()
-            scrollAnimation.to = Math.max(0, flick.contentHeight - flick.height)
+            const from = list.contentY
+            list.positionViewAtIndex(scrollTimer.row - 1, ListView.End)
+            scrollAnimation.to = list.contentY
+            list.contentY = from
             scrollAnimation.restart()
         }
     }
@@ -187,7 +94,7 @@ Rectangle {
     NumberAnimation {
         id: scrollAnimation
 
-        target: flick
+        target: list
         property: "contentY"
         duration: 250
         easing.type: Easing.OutCubic
@@ -196,9 +103,8 @@ Rectangle {
     Connections {
         target: view.screen
 
-        // The new preset is the last row: bring the bottom of the table into
-        // view once the rows are laid out.
-        function onScrollToPreset() {
+        function onScrollToPreset(row: int) {
+            scrollTimer.row = row
             scrollTimer.restart()
         }
     }

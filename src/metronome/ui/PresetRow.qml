@@ -15,7 +15,7 @@ SwipeDelegate {
     required property int row
     required property string name
     readonly property bool marked: row === screen.presetNumber
-    readonly property bool last: row === screen.presetNames.length
+    readonly property bool last: row === screen.presets.count
 
     // The delete button, for a pointer without swiping.
     component DeleteButton: ToolButton {

@@ -63,7 +63,7 @@ Item {
             while (list && list.contentY === undefined)
                 list = list.parent
             verify(list, "the settings scroll")
-            list.contentY = Math.max(0, list.contentHeight - list.height)
+            list.contentY = list.originY + Math.max(0, list.contentHeight - list.height)
             tap(addRow)
             const field = find("presetTitleField")
             tryVerify(() => field.visible)

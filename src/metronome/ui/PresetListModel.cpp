@@ -1,0 +1,62 @@
+#include "metronome/ui/PresetListModel.h"
+
+#include "metronome/ui/MetronomeSettingsDelegate.h"
+
+namespace zt {
+
+void PresetListModel::setDelegate(const MetronomeSettingsDelegate* delegate) {
+    delegate_ = delegate;
+    reload();
+}
+
+void PresetListModel::reload() {
+    beginResetModel();
+    rows_ = presetsCount();
+    endResetModel();
+    emit countChanged();
+}
+
+void PresetListModel::beginAppend() {
+    beginInsertRows({}, rows_, rows_);
+}
+
+void PresetListModel::endAppend() {
+    ++rows_;
+    endInsertRows();
+    emit countChanged();
+    // The delegate refused the preset: the views take the list anew.
+    if (rows_ != presetsCount())
+        reload();
+}
+
+void PresetListModel::beginRemove(int index) {
+    beginRemoveRows({}, index - 1, index - 1);
+}
+
+void PresetListModel::endRemove() {
+    --rows_;
+    endRemoveRows();
+    emit countChanged();
+    if (rows_ != presetsCount())
+        reload();
+}
+
+int PresetListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+QVariant PresetListModel::data(const QModelIndex& index, int role) const {
+    if (role != NameRole || !delegate_ || !checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    return QString::fromStdString(delegate_->presetNameForIndex(index.row() + 1));
+}
+
+QHash<int, QByteArray> PresetListModel::roleNames() const {
+    return {{NameRole, "name"}};
+}
+
+int PresetListModel::presetsCount() const {
+    return delegate_ ? delegate_->presetsCount() : 0;
+}
+
+}  // namespace zt
