@@ -105,10 +105,11 @@ TEST(WindowPlacementTest, TheWindowReopensAsItWasLeft) {
         placement.restoreAndShow();
         QTest::qWait(20);
         EXPECT_EQ(bool(window.windowStates() & Qt::WindowMaximized), s.opensMaximized);
-        if (s.opensAt == designed)
+        if (s.opensAt == designed) {
             EXPECT_EQ(window.size(), designed.size());
-        else if (!s.opensMaximized)
+        } else if (!s.opensMaximized) {
             EXPECT_EQ(window.geometry(), s.opensAt);
+        }
         if (s.leftAt.isValid())
             window.setGeometry(s.leftAt);
         else
