@@ -32,10 +32,11 @@ TEST_F(StateRecoveryTest, SavesAfterARepairAreKeptAndEveryDamagedCopySurvives) {
          {{"Tuning", 5}},
          "saveState.plist.corrupt.1"},
     };
-    auto proxy = makeProxy<StateProxy>();
     for (const auto& step : steps) {
+        // The file is damaged between sessions; the state is read once per
+        // session, so the save is the new session's first access.
         writeBytes(statePath(), step.damaged);
-        // The save itself is the first access after the damage.
+        auto proxy = makeProxy<StateProxy>();
         (proxy.get()->*step.save)(step.changes);
 
         Dictionary expected = state::defaultSavedState();
