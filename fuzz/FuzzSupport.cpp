@@ -69,7 +69,7 @@ bool knownPlistFault(const std::uint8_t* data, std::size_t size) {
     if (hunting)
         return false;
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    if (text.starts_with("bplist") || text.find('\0') != text.npos || text.find("&#") != text.npos)
+    if (text.starts_with("bplist") || text.find('\0') != text.npos)
         return true;
     // Opening tags less closing ones, roughly: enough to keep the depth low.
     int depth = 0;

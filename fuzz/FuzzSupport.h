@@ -24,9 +24,9 @@ void clearScratch();
 
 // Whether input would reach a fault of the plist reading that is known and
 // being fixed elsewhere, and is skipped unless FUZZ_KNOWN_FAULTS=1 is set:
-// binary property lists and XML with NUL bytes or character references (a
-// string with an embedded NUL trips an assertion in libplist's
-// plist_get_string_val), and XML nested deeper than 64 (recursion depth).
+// binary property lists and XML with a NUL byte (a string with an embedded
+// NUL trips an assertion in libplist's plist_get_string_val), and XML nested
+// deeper than 64 (recursion depth).
 bool knownPlistFault(const std::uint8_t* data, std::size_t size);
 
 // Makes the scratch folder the data folder, with the log quiet.
