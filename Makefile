@@ -4,8 +4,11 @@
 JOBS ?= $(shell nproc)
 BUILD_DIR := build/default
 ASAN_DIR := build/asan
+FUZZ_SECONDS ?= 300
+FUZZ_JOBS ?= 1
 
-.PHONY: all deps build run screenshots test test-asan bench mutate format-check package package-check clean
+.PHONY: all deps build run screenshots test test-asan test-tsan fuzz bench mutate format-check \
+	package package-check clean
 
 all: build
 
@@ -31,11 +34,25 @@ screenshots: build
 test: build
 	@ctest --preset default -j $(JOBS)
 
-# The core libraries' tests under AddressSanitizer and UBSan (no Qt).
+# Every test, the app's included, under AddressSanitizer and UBSan; leaks
+# inside Qt, fontconfig and openal are suppressed in tools/sanitizers/.
 test-asan: deps
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
+
+# The core libraries' tests (the engines' threads, capture, streams) under
+# ThreadSanitizer.
+test-tsan: deps
+	@cmake --preset tsan >/dev/null
+	@cmake --build --preset tsan -j $(JOBS)
+	@ctest --preset tsan -j $(JOBS)
+
+# Each fuzz target for FUZZ_SECONDS (FUZZ_JOBS at a time); see docs/fuzzing.md.
+fuzz: deps
+	@cmake --preset fuzz >/dev/null
+	@cmake --build --preset fuzz -j $(JOBS)
+	@FUZZ_SECONDS=$(FUZZ_SECONDS) FUZZ_JOBS=$(FUZZ_JOBS) bash tools/run-fuzzers.sh
 
 # Every tracked C++ file as clang-format makes it (the repository's .clang-format),
 # and no source file over 300 lines.

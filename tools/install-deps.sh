@@ -5,6 +5,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config git ccache clang-format
+  clang libclang-rt-dev
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-tools-dev-tools
   qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-templates
   qml6-module-qtquick-window qml6-module-qtquick-layouts qml6-module-qtqml

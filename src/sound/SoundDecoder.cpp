@@ -28,21 +28,26 @@ std::optional<std::vector<float>> SoundDecoder::decode(const std::filesystem::pa
         return std::nullopt;
     }
 
+    // Read piece by piece to the end: the header's frame count is only a
+    // claim, and a damaged one may promise more than memory holds.
+    constexpr sf_count_t kPieceFrames = 4096;
     const auto channels = static_cast<size_t>(info.channels);
-    std::vector<float> interleaved(static_cast<size_t>(info.frames) * channels);
-    const sf_count_t read = sf_readf_float(file.get(), interleaved.data(), info.frames);
-    if (read <= 0) {
+    std::vector<float> interleaved(static_cast<size_t>(kPieceFrames) * channels);
+    std::vector<float> mono;
+    for (;;) {
+        const sf_count_t read = sf_readf_float(file.get(), interleaved.data(), kPieceFrames);
+        if (read <= 0)
+            break;
+        for (size_t frame = 0; frame < static_cast<size_t>(read); ++frame) {
+            float sum = 0.0f;
+            for (size_t channel = 0; channel < channels; ++channel)
+                sum += interleaved[frame * channels + channel];
+            mono.push_back(sum / static_cast<float>(channels));
+        }
+    }
+    if (mono.empty()) {
         error = "no samples could be read";
         return std::nullopt;
-    }
-
-    std::vector<float> mono(static_cast<size_t>(read));
-    for (size_t frame = 0; frame < mono.size(); ++frame) {
-        float sum = 0.0f;
-        for (size_t channel = 0; channel < channels; ++channel) {
-            sum += interleaved[frame * channels + channel];
-        }
-        mono[frame] = sum / static_cast<float>(channels);
     }
     if (info.samplerate == rate_)
         return mono;

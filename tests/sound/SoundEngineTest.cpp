@@ -59,7 +59,8 @@ struct SineRenderer : StreamRenderer {
     }
     double hertz;
     float amplitude;
-    std::int64_t next = 0;
+    // Written on the stream's thread, read by the test.
+    std::atomic<std::int64_t> next{0};
     std::atomic<int> clockBreaks{0};
 };
 
@@ -186,7 +187,7 @@ TEST(SoundEngineStream, PlaysTheRendererWithoutGaps) {
     std::this_thread::sleep_for(300ms);
     const std::int64_t heard = recorder.engine().streamPosition(&renderer);
     EXPECT_GT(heard, 44100 / 10);
-    EXPECT_LE(heard, renderer.next);
+    EXPECT_LE(heard, renderer.next.load());
     std::this_thread::sleep_for(200ms);
     recorder.engine().stopStream(&renderer);
     EXPECT_EQ(renderer.clockBreaks, 0);

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <string>
 
+#include "sound/FileCapture.h"
 #include "sound/SoundBank.h"
 #include "sound/SoundDecoder.h"
 #include "sound/SoundTesting.h"
@@ -151,3 +152,24 @@ INSTANTIATE_TEST_SUITE_P(
                       DecodeRow{"empty", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 1},
                       DecodeRow{"missing", 0, 0, 0}, DecodeRow{"text", 0, 0, 0}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// A damaged Ogg Vorbis file whose last page claims billions of frames and
+// which holds none that decode (found by fuzz_audio_file): both readers go by
+// what the file holds, not by the claim, which used to end the program.
+TEST(DamagedSoundFile, IsReadForWhatItHoldsNotWhatItsHeaderClaims) {
+    const auto path = std::filesystem::path(ZEBTOOLS_TEST_DATA_DIR) / "huge-length.ogg";
+    std::string error;
+    EXPECT_FALSE(SoundDecoder(8000).decode(path, error).has_value());
+    EXPECT_EQ(error, "no samples could be read");
+
+    struct Counter : CaptureSink {
+        std::size_t total = 0;
+        void captured(const std::int16_t*, std::size_t count) override { total += count; }
+    } sink;
+    auto capture = FileCapture::open(path, error);
+    ASSERT_TRUE(capture) << error;
+    ASSERT_TRUE(capture->start(sink, 8000));
+    EXPECT_EQ(capture->pump(400), 0u);
+    EXPECT_EQ(sink.total, 0u);
+    EXPECT_EQ(capture->state(), AudioCapture::State::Stopped);
+}
