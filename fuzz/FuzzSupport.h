@@ -22,18 +22,11 @@ std::filesystem::path writeScratch(const std::string& name, const std::uint8_t* 
 // Empties the scratch folder (files a run left behind).
 void clearScratch();
 
-// Whether input would reach a fault of the plist reading that is known and
-// being fixed elsewhere, and is skipped unless FUZZ_KNOWN_FAULTS=1 is set:
-// binary property lists and XML with a NUL byte (a string with an embedded
-// NUL trips an assertion in libplist's plist_get_string_val), and XML nested
-// deeper than 64 (recursion depth).
-bool knownPlistFault(const std::uint8_t* data, std::size_t size);
-
 // Makes the scratch folder the data folder, with the log quiet.
 void useScratchAsDataDir();
 
-// Unless the input is a known plist fault: empties the scratch folder and
-// writes the input there as the data file `name`; false for a skipped input.
+// Empties the scratch folder and writes the input there as the data file
+// `name`. Always true: every input is a file the app may meet.
 bool placeDataFile(const std::string& name, const std::uint8_t* data, std::size_t size);
 
 // An output stream that discards everything.

@@ -29,8 +29,13 @@ std::optional<std::vector<float>> SoundDecoder::decode(const std::filesystem::pa
     }
 
     // Read piece by piece to the end: the header's frame count is only a
-    // claim, and a damaged one may promise more than memory holds.
+    // claim, and a damaged one may promise more than memory holds. The
+    // sounds loaded whole are clicks and plucked strings, seconds long; a
+    // file that goes on past a minute is not one of them (a few kilobytes
+    // of damaged AIFF can read as hours of sound).
     constexpr sf_count_t kPieceFrames = 4096;
+    constexpr size_t kMaxSeconds = 60;
+    const size_t maxFrames = kMaxSeconds * static_cast<size_t>(info.samplerate);
     const auto channels = static_cast<size_t>(info.channels);
     std::vector<float> interleaved(static_cast<size_t>(kPieceFrames) * channels);
     std::vector<float> mono;
@@ -38,6 +43,10 @@ std::optional<std::vector<float>> SoundDecoder::decode(const std::filesystem::pa
         const sf_count_t read = sf_readf_float(file.get(), interleaved.data(), kPieceFrames);
         if (read <= 0)
             break;
+        if (mono.size() + static_cast<size_t>(read) > maxFrames) {
+            error = "longer than " + std::to_string(kMaxSeconds) + " seconds";
+            return std::nullopt;
+        }
         for (size_t frame = 0; frame < static_cast<size_t>(read); ++frame) {
             float sum = 0.0f;
             for (size_t channel = 0; channel < channels; ++channel)

@@ -18,7 +18,8 @@ public:
     int rate() const { return rate_; }
 
     // The whole file as mono samples at rate(); nullopt for a missing,
-    // unreadable or empty file, with the reason in `error`.
+    // unreadable or empty file, or one longer than a minute, with the reason
+    // in `error`.
     std::optional<std::vector<float>> decode(const std::filesystem::path& path,
                                              std::string& error) const;
 

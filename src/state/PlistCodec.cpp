@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -87,10 +88,14 @@ Value fromNode(plist_t node, int depth) {
             return Value(d);
         }
         case PLIST_STRING: {
-            char* s = nullptr;
-            plist_get_string_val(node, &s);
+            // Read in place: a string holding a NUL byte (a binary file, or
+            // an escaped NUL in XML) trips an assertion in the copying
+            // getter. Such a value is dropped like other unreadable text.
+            std::uint64_t length = 0;
+            const char* s = plist_get_string_ptr(node, &length);
+            if (!s || std::memchr(s, '\0', length))
+                return Value();
             auto text = textFrom(s);
-            std::free(s);
             return text ? Value(std::move(*text)) : Value();
         }
         case PLIST_DATE: {

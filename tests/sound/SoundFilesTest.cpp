@@ -173,3 +173,13 @@ TEST(DamagedSoundFile, IsReadForWhatItHoldsNotWhatItsHeaderClaims) {
     EXPECT_EQ(sink.total, 0u);
     EXPECT_EQ(capture->state(), AudioCapture::State::Stopped);
 }
+
+// A few kilobytes of damaged AIFF whose sound chunk claims 200 MB (found by
+// fuzz_audio_file): it reads as hours of sound. Loading it whole stops at a
+// minute instead of filling memory.
+TEST(DamagedSoundFile, EndlessSoundIsRefusedForLoadingWhole) {
+    const auto path = std::filesystem::path(ZEBTOOLS_TEST_DATA_DIR) / "endless.aiff";
+    std::string error;
+    EXPECT_FALSE(SoundDecoder(8000).decode(path, error).has_value());
+    EXPECT_EQ(error, "longer than 60 seconds");
+}

@@ -4,6 +4,9 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "state/AtomicFile.h"
 #include "state/PlistFile.h"
@@ -239,4 +242,16 @@ TEST_F(PlistFileTest, WritesGoThroughSymbolicLinksAndStaleTemporariesAreCleared)
     EXPECT_FALSE(fs::exists(stale));
     EXPECT_TRUE(fs::exists(fresh));
     EXPECT_TRUE(fs::exists(dataDir_ / ".f.plist.other-name"));
+}
+
+// Files the fuzzers made: a string with a NUL byte inside, in binary and XML
+// lists. Reading them once aborted the program at every start.
+TEST_F(PlistFileTest, StringsWithANulByteAreDroppedNotFatal) {
+    for (const auto& entry : std::filesystem::directory_iterator(ZEBTOOLS_FUZZ_FINDINGS)) {
+        std::ifstream in(entry.path(), std::ios::binary);
+        std::stringstream bytes;
+        bytes << in.rdbuf();
+        const auto parsed = plist::parse(bytes.str());
+        EXPECT_TRUE(parsed) << entry.path();
+    }
 }
