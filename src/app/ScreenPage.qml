@@ -47,15 +47,6 @@ Page {
             font.bold: true
         }
 
-        NavBarButton {
-            objectName: "tuningsButton"
-            visible: page.isRoot && page.tools.offersTunings(page.key)
-            anchors.right: parent.right
-            anchors.rightMargin: 6
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Tunings"
-            onClicked: page.tools.openTunings(page.tab)
-        }
 
         Button {
             id: settingsButton

@@ -37,8 +37,6 @@ struct ScreenRow {
     // Its QML view, inside the module ("metronome/ui/MetronomeView.qml");
     // the view takes the screen as `required property <ScreenClass> screen`.
     const char* view;
-    // Whether its navigation bar offers "Tunings" when it is a tab's root.
-    bool tuningsButton;
 };
 
 // In the order the mediators register, which decides who hears a

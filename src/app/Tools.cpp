@@ -37,11 +37,6 @@ QUrl Tools::viewUrl(const QString& key) const {
     return row ? QUrl(QStringLiteral("qrc:/ZebTools/") + QString::fromUtf8(row->view)) : QUrl();
 }
 
-bool Tools::offersTunings(const QString& key) const {
-    const ScreenRow* row = screenRow(key.toStdString());
-    return row && row->tuningsButton;
-}
-
 QVariantList Tools::tabs() const {
     QVariantList out;
     for (const ToolTab& tab : toolTabs()) {

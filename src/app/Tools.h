@@ -56,7 +56,6 @@ public:
     }
     // What the QML page of a screen needs from its row.
     Q_INVOKABLE QUrl viewUrl(const QString& key) const;
-    Q_INVOKABLE bool offersTunings(const QString& key) const;
 
     bool tabBarReady() const { return tabBarReady_; }
     bool loading() const { return loading_; }

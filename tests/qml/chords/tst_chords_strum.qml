@@ -90,10 +90,16 @@ Item {
             drag([[5, 0], [30, 300], [80, stringRingOut], [115, stringRingOut],
                   [150, stringRingOut], [180, stringRingOut], [215, stringRingOut], [250, 0]])
 
-            tap(find("tuningsButton"))
+            tap(find("settingsButton"))
             tryCompare(stack, "depth", 2)
             tryVerify(() => !stack.busy)
+            tap(find("tuningsRow"))
+            tryCompare(stack, "depth", 3)
+            tryVerify(() => !stack.busy)
             App.tools.screen("commonSettings").selectRow(28)
+            App.tools.goBack(3)
+            tryCompare(stack, "depth", 2)
+            tryVerify(() => !stack.busy)
             App.tools.goBack(3)
             tryCompare(stack, "depth", 1)
             tryVerify(() => !stack.busy)
