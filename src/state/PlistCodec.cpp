@@ -181,6 +181,10 @@ std::optional<Value> parse(std::string_view bytes) {
         log("property list: nested deeper than " + std::to_string(kMaxDepth) + " levels");
         return std::nullopt;
     }
+    if (binary && binaryTextHasNul(bytes)) {
+        log("property list: a binary list with a NUL character in its text");
+        return std::nullopt;
+    }
     bool damaged = false;
     const std::string marked = binary ? std::string() : markDamage(bytes, damaged);
     if (damaged)

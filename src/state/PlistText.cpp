@@ -112,13 +112,6 @@ char32_t reference(std::string_view xml, std::size_t i, std::size_t& length) {
     return c > 0x10FFFF ? kMalformed : static_cast<char32_t>(c);
 }
 
-std::uint64_t bigEndian(const unsigned char* p, std::size_t n) {
-    std::uint64_t v = 0;
-    for (std::size_t k = 0; k < n; ++k)
-        v = (v << 8) | p[k];
-    return v;
-}
-
 }  // namespace
 
 std::string sanitizeText(std::string_view text) {
@@ -208,66 +201,6 @@ bool xmlWithinDepth(std::string_view xml, int maxDepth) {
         } else if (tagEnd == std::string_view::npos || rest[tagEnd - 1] != '/') {
             if (++depth > maxDepth)
                 return false;
-        }
-    }
-    return true;
-}
-
-bool binaryWithinDepth(std::string_view bytes, int maxDepth) {
-    // Header, trailer and the offset table; anything that does not add up is
-    // left to the parser, which refuses it without nesting anything.
-    constexpr std::size_t kTrailer = 32;
-    if (bytes.size() < 8 + kTrailer)
-        return true;
-    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
-    const unsigned char* trailer = data + bytes.size() - kTrailer;
-    const std::size_t offsetSize = trailer[6];
-    const std::size_t refSize = trailer[7];
-    const std::uint64_t count = bigEndian(trailer + 8, 8);
-    const std::uint64_t top = bigEndian(trailer + 16, 8);
-    const std::uint64_t table = bigEndian(trailer + 24, 8);
-    const std::uint64_t end = bytes.size() - kTrailer;
-    if (offsetSize < 1 || offsetSize > 8 || refSize < 1 || refSize > 8 || table > end ||
-        count > (end - table) / offsetSize || top >= count)
-        return true;
-
-    // Depth-first walk over containers. An object is walked again only when
-    // reached at a greater depth than before, so shared objects cost little
-    // and a cycle runs into the depth limit.
-    std::vector<std::uint8_t> reached(count, 0);
-    std::vector<std::pair<std::uint64_t, int>> pending{{top, 1}};
-    while (!pending.empty()) {
-        const auto [object, depth] = pending.back();
-        pending.pop_back();
-        const std::uint64_t at = bigEndian(data + table + object * offsetSize, offsetSize);
-        if (at >= table)
-            continue;
-        const unsigned type = data[at] >> 4;
-        if (type != 0xA && type != 0xC && type != 0xD)
-            continue;
-        if (depth > maxDepth)
-            return false;
-        if (reached[object] >= depth)
-            continue;
-        reached[object] = static_cast<std::uint8_t>(depth);
-        std::uint64_t n = data[at] & 0xF;
-        std::uint64_t pos = at + 1;
-        if (n == 0xF) {
-            if (pos >= table || (data[pos] >> 4) != 0x1 || (data[pos] & 0xF) > 3)
-                continue;
-            const std::size_t size = std::size_t{1} << (data[pos] & 0xF);
-            if (pos + 1 + size > table)
-                continue;
-            n = bigEndian(data + pos + 1, size);
-            pos += 1 + size;
-        }
-        const std::uint64_t refs = type == 0xD ? 2 * n : n;
-        if (n > (table - pos) / refSize || refs > (table - pos) / refSize)
-            continue;
-        for (std::uint64_t k = 0; k < refs; ++k) {
-            const std::uint64_t ref = bigEndian(data + pos + k * refSize, refSize);
-            if (ref < count)
-                pending.emplace_back(ref, depth + 1);
         }
     }
     return true;

@@ -40,4 +40,8 @@ std::string markDamage(std::string_view xml, bool& damaged);
 bool xmlWithinDepth(std::string_view xml, int maxDepth);
 bool binaryWithinDepth(std::string_view bytes, int maxDepth);
 
+// Whether a binary property list holds a string or key with a NUL character,
+// which libplist's getters assert against (ending the program).
+bool binaryTextHasNul(std::string_view bytes);
+
 }  // namespace zt::plist
