@@ -50,6 +50,28 @@ std::optional<Layout> readLayout(std::string_view bytes) {
     return layout;
 }
 
+// The element count of the object at `at` and where its contents start: the
+// marker's low nibble, or, when that is 0xF, the integer object after it.
+// nullopt when the count runs past the objects.
+struct Header {
+    std::uint64_t count;
+    std::uint64_t contents;
+};
+std::optional<Header> readHeader(const unsigned char* data, std::uint64_t at, std::uint64_t table) {
+    std::uint64_t n = data[at] & 0xF;
+    std::uint64_t pos = at + 1;
+    if (n == 0xF) {
+        if (pos >= table || (data[pos] >> 4) != 0x1 || (data[pos] & 0xF) > 3)
+            return std::nullopt;
+        const std::size_t size = std::size_t{1} << (data[pos] & 0xF);
+        if (pos + 1 + size > table)
+            return std::nullopt;
+        n = bigEndian(data + pos + 1, size);
+        pos += 1 + size;
+    }
+    return Header{n, pos};
+}
+
 }  // namespace
 
 bool binaryWithinDepth(std::string_view bytes, int maxDepth) {
@@ -77,17 +99,10 @@ bool binaryWithinDepth(std::string_view bytes, int maxDepth) {
         if (reached[object] >= depth)
             continue;
         reached[object] = static_cast<std::uint8_t>(depth);
-        std::uint64_t n = data[at] & 0xF;
-        std::uint64_t pos = at + 1;
-        if (n == 0xF) {
-            if (pos >= table || (data[pos] >> 4) != 0x1 || (data[pos] & 0xF) > 3)
-                continue;
-            const std::size_t size = std::size_t{1} << (data[pos] & 0xF);
-            if (pos + 1 + size > table)
-                continue;
-            n = bigEndian(data + pos + 1, size);
-            pos += 1 + size;
-        }
+        const auto header = readHeader(data, at, table);
+        if (!header)
+            continue;
+        const auto [n, pos] = *header;
         const std::uint64_t refs = type == 0xD ? 2 * n : n;
         if (n > (table - pos) / refSize || refs > (table - pos) / refSize)
             continue;
@@ -113,17 +128,10 @@ bool binaryTextHasNul(std::string_view bytes) {
         const unsigned type = data[at] >> 4;
         if (type != 0x5 && type != 0x6)
             continue;
-        std::uint64_t n = data[at] & 0xF;
-        std::uint64_t pos = at + 1;
-        if (n == 0xF) {
-            if (pos >= table || (data[pos] >> 4) != 0x1 || (data[pos] & 0xF) > 3)
-                continue;
-            const std::size_t size = std::size_t{1} << (data[pos] & 0xF);
-            if (pos + 1 + size > table)
-                continue;
-            n = bigEndian(data + pos + 1, size);
-            pos += 1 + size;
-        }
+        const auto header = readHeader(data, at, table);
+        if (!header)
+            continue;
+        const auto [n, pos] = *header;
         const std::uint64_t unit = type == 0x5 ? 1 : 2;
         if (n > (table - pos) / unit)
             continue;
