@@ -6,6 +6,7 @@ BUILD_DIR := build/default
 ASAN_DIR := build/asan
 FUZZ_SECONDS ?= 300
 FUZZ_JOBS ?= 1
+FUZZ_MODE ?= search
 
 .PHONY: all deps build run screenshots test test-asan test-tsan fuzz bench mutate format-check \
 	package package-check clean
@@ -48,11 +49,13 @@ test-tsan: deps
 	@cmake --build --preset tsan -j $(JOBS)
 	@ctest --preset tsan -j $(JOBS)
 
-# Each fuzz target for FUZZ_SECONDS (FUZZ_JOBS at a time); see docs/fuzzing.md.
+# Each fuzz target for FUZZ_SECONDS (FUZZ_JOBS at a time), a fresh random
+# search; FUZZ_MODE=replay replays the seeds and makes a fixed number of
+# inputs from a fixed seed (what CI runs). See docs/fuzzing.md.
 fuzz: deps
 	@cmake --preset fuzz >/dev/null
 	@cmake --build --preset fuzz -j $(JOBS)
-	@FUZZ_SECONDS=$(FUZZ_SECONDS) FUZZ_JOBS=$(FUZZ_JOBS) bash tools/run-fuzzers.sh
+	@FUZZ_SECONDS=$(FUZZ_SECONDS) FUZZ_MODE=$(FUZZ_MODE) FUZZ_JOBS=$(FUZZ_JOBS) bash tools/run-fuzzers.sh
 
 # Every tracked C++ file as clang-format makes it (the repository's .clang-format),
 # and no source file over 300 lines.
