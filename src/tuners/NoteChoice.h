@@ -21,8 +21,11 @@ float smoothFrequency(float f, float& current);
 // are no candidates.
 NoteDescription* nearestNote(std::span<NoteDescription* const> candidates, double f);
 
-// Cents of `measured` above `reference` as the tuner shows them: compared in
-// tenths of a hertz and rounded to 0.1 cent, halves away from zero.
-double displayedCents(double reference, double measured);
+// Cents of `measured` above `reference` as the tuner shows them, rounded to
+// 0.1 cent, halves away from zero. Classic detection compares the two in
+// whole tenths of a hertz (a step of 1.6 to 2.1 cents at the low strings);
+// otherwise they are compared as measured, which keeps what the fine
+// detector resolves.
+double displayedCents(double reference, double measured, bool classic = true);
 
 }  // namespace zt
