@@ -1,5 +1,7 @@
 #include "tuners/MainFrequerncyProxy.h"
 
+#include <cmath>
+
 #include "dsp/NotationFacade.h"
 #include "dsp/PDAFacade.h"
 #include "framework/Facade.h"
@@ -188,7 +190,12 @@ const NoteDescription& MainFrequerncyProxy::getNoteDesctiption() {
     }
     if (f > 0.0f) {
         currentFreq_ = f;
-        chosen->cents = displayedCents(chosen->standartFrequency, currentFreq_, classic_);
+        if (classic_ || chosen != named_) {
+            chosen->cents = displayedCents(chosen->standartFrequency, currentFreq_, classic_);
+        } else {
+            chosen->cents = steadyCents(
+                1200.0 * std::log2(currentFreq_ / chosen->standartFrequency), chosen->cents);
+        }
         named_ = chosen;
     }
     chosen->frequency = f;

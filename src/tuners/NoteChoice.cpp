@@ -42,4 +42,11 @@ double displayedCents(double reference, double measured, bool classic) {
     return std::round(cents * 10.0) / 10.0 + 0.0;
 }
 
+double steadyCents(double exact, double shown) {
+    constexpr double kSteady = 0.08;
+    if (std::fabs(exact - shown) <= kSteady)
+        return shown;
+    return std::round(exact * 10.0) / 10.0 + 0.0;
+}
+
 }  // namespace zt

@@ -28,4 +28,10 @@ NoteDescription* nearestNote(std::span<NoteDescription* const> candidates, doubl
 // detector resolves.
 double displayedCents(double reference, double measured, bool classic = true);
 
+// The tenth of a cent to show for a note that showed `shown` last time: kept
+// while the exact value stays within 0.08 of it, so that a steady tone whose
+// cents sit near a rounding boundary reads one value rather than flickering
+// between two; otherwise the exact value rounded. Never more than 0.08 off.
+double steadyCents(double exact, double shown);
+
 }  // namespace zt

@@ -77,9 +77,11 @@ check a2 'not p["microphoneAlert"] and p["polling"]'
 python3 - "$dir/a2.jsonl" <<'PY' || fail "a2: a steady tone reads more than one value"
 import json, sys
 lines = [json.loads(l).get("properties", {}) for l in open(sys.argv[1]) if l.startswith("{")]
-shown = {p.get("centsText") for p in lines if p.get("frequencyText")}
-print("cents shown:", shown)
-sys.exit(0 if len(shown) == 1 and "" not in shown else 1)
+sequence = [p.get("centsText") for p in lines if p.get("frequencyText")]
+# The first block of a session may begin with the capture's own start.
+shown = set(sequence[1:])
+print("cents shown:", " ".join(sequence))
+sys.exit(0 if len(sequence) >= 10 and len(shown) == 1 and "" not in shown else 1)
 PY
 echo "ok: 110 Hz shows A, 110.0 Hz, the needle at the centre, one value of cents"
 kill "$player"; wait "$player" 2>/dev/null
@@ -89,7 +91,7 @@ play 111.9171
 run_app 3 a2-sharp
 check a2-sharp 'p["frequencyText"] == "111.9 Hz" and p["activeSlot"] == 1'
 check a2-sharp 'p["needleAngle"] > 0.15 and d["needle"] > 8'
-check a2-sharp 'abs(float(p["centsText"].split()[0]) - 30.0) <= 0.1 and p["centsText"].endswith("\u00a2")'
+check a2-sharp 'abs(float(p["centsText"].split()[0]) - 30.0) <= 0.1 + 1e-9 and p["centsText"].endswith("\u00a2")'
 echo "ok: 30 cents sharp turns the needle right and reads +30.0 cents"
 kill "$player"; wait "$player" 2>/dev/null
 
@@ -110,7 +112,7 @@ wait "$running" || fail "silence: the app exited with $?: $(tail -5 "$dir/silenc
 awk -v s="$stopped" -v e="$(date +%s.%N)" 'BEGIN { exit !(e - s >= 1.6) }' ||
   fail "silence: the app quit too soon after the tone stopped to tell"
 check silence 'p["frequencyText"] == "" and p["centsText"] == "" and p["activeSlot"] == -1'
-check silence 'p["referenceTexts"] == [""] * 5 and p["needleAngle"] == 0 and d["needle"] == 0'
+check silence 'p["referenceTexts"] == [""] * 5 and p["needleAngle"] == 0 and abs(d["needle"]) < 1e-6'
 echo "ok: when the tone stops the dial comes to rest, blank"
 
 play 111.9171

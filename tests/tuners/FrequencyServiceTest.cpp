@@ -146,9 +146,11 @@ TEST_F(FrequencyServiceTest, SilenceEndsTheHoldAfterOneSecondUnlessClassic) {
 // detector, from whole tenths of a hertz with classic detection.
 TEST_F(FrequencyServiceTest, CentsFromTheMeasuredFrequencyUnlessClassic) {
     for (const bool classic : {false, true}) {
+        // A steady A2 that wavers about 0.05 cent reads one value.
         startScripted({{"AllNotes", true}, {"ClassicDetection", classic}},
-                      {111.278, 107.1776, 109.999, 82.5});
-        const double expected[][2] = {{20.0, 18.8}, {-45.0, -46.3}, {0.0, -1.6}, {2.0, 2.1}};
+                      {111.278, 107.1776, 109.999, 82.5, 110.0055, 110.005, 110.002, 110.0055});
+        const double expected[][2] = {{20.0, 18.8}, {-45.0, -46.3}, {0.0, -1.6}, {2.0, 2.1},
+                                      {0.1, 0.0},   {0.1, 0.0},     {0.1, 0.0},  {0.1, 0.0}};
         for (const auto& cents : expected)
             EXPECT_DOUBLE_EQ(next().cents, cents[classic ? 1 : 0]) << classic;
         proxy->stopAudioSession();

@@ -64,5 +64,17 @@ TEST(NoteChoice, CentsRoundedAwayFromZeroClassicOnWholeTenthsOfAHertz) {
     }
 }
 
+TEST(NoteChoice, SteadyCentsKeepTheTenthShownWhileTheExactValueStaysNear) {
+    const struct {
+        double exact, shown, steady;
+    } rows[] = {
+        {0.0866, 0.1, 0.1}, {0.0787, 0.1, 0.1},  {0.0315, 0.1, 0.1}, {0.0199, 0.1, 0.0},
+        {0.04, 0.0, 0.0},   {0.07, 0.0, 0.0},    {0.081, 0.0, 0.1},  {-0.06, 0.0, 0.0},
+        {-0.09, 0.0, -0.1}, {20.03, 20.1, 20.1}, {20.3, 20.1, 20.3}, {-45.0, 12.0, -45.0},
+    };
+    for (const auto& row : rows)
+        EXPECT_DOUBLE_EQ(steadyCents(row.exact, row.shown), row.steady) << row.exact;
+}
+
 }  // namespace
 }  // namespace zt
