@@ -20,6 +20,8 @@ class Screen : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Screens are made by the shell")
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+    // What the navigation bar reads while the screen is on top.
+    Q_PROPERTY(QString navigationTitle READ navigationTitle NOTIFY titleChanged)
     // Whether the navigation bar shows a "Settings" button (a gear) while the
     // screen is its tab's root; the button calls openSettings().
     Q_PROPERTY(bool offersSettings READ offersSettings CONSTANT)
@@ -30,6 +32,8 @@ public:
     QString title() const { return title_; }
     // The shell gives each screen the title of its row in the screen table.
     void setTitle(const QString& title);
+    // The title, unless a screen reads otherwise in its navigation bar.
+    virtual QString navigationTitle() const { return title_; }
 
     // The screen is about to be shown: on top of its navigation stack, on
     // the tab being shown.

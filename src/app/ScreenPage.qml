@@ -38,7 +38,7 @@ Page {
             width: parent.width - 150
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight
-            text: page.screen ? page.screen.title : ""
+            text: page.screen ? page.screen.navigationTitle : ""
             color: Theme.text
             // A long title shrinks a little before it is cut short.
             fontSizeMode: Text.HorizontalFit

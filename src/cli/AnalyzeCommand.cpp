@@ -8,9 +8,9 @@
 #include <chrono>
 #include <csignal>
 #include <iostream>
-#include <thread>
 
 #include "cli/AnalyzeOutput.h"
+#include "cli/QueuedCapture.h"
 #include "cli/Validators.h"
 #include "dsp/CaptureBuffer.h"
 #include "framework/Facade.h"
@@ -30,9 +30,10 @@ constexpr const char* kDescription =
     "Shows the note being played, as the chromatic tuner does: from a sound file (any format "
     "libsndfile reads, at any rate, channels mixed) or the microphone, resampled to 8000 Hz and "
     "read 20 times a second. Each line: time in seconds, frequency in Hz, note with its octave, "
-    "cents, level 0 to 10; \"-\" before the first pitch. As on the tuner, a moment without pitch "
-    "repeats the last reading. With --raw, the detector's own frequency for every block "
-    "(\"-1\": no pitch).";
+    "cents, level 0 to 10; \"-\" when there is no pitch. As on the tuner, a moment without pitch "
+    "repeats the last reading for up to a second (with the classic detector, for as long as it "
+    "lasts). Every block of sound is read once, live sound too. With --raw, the detector's own "
+    "frequency for every block (\"-1\": no pitch).";
 
 constexpr const char* kTaperNames[] = {"gauss", "cosine", "hamming", "hann", "lanczos"};
 
@@ -206,7 +207,11 @@ int AnalyzeCommand::run(std::ostream& out, std::ostream& err) {
         return kExitOk;
     }
 
-    Session session(std::make_shared<MicrophoneCapture>(), job_);
+    // Every captured block is analysed once, in order, as a file's would be;
+    // the queue gives the reader a minute to catch up after a stall.
+    auto queued = std::make_shared<QueuedCapture>(std::make_shared<MicrophoneCapture>(),
+                                                  60 * FrequencyAnalyzer::kSampleRate);
+    Session session(queued, job_);
     if (!session.listening()) {
         err << name << "no capture device can be opened\n";
         return kExitFailure;
@@ -215,14 +220,26 @@ int AnalyzeCommand::run(std::ostream& out, std::ostream& err) {
     const bool inPlace = &out == &std::cout && ::isatty(STDOUT_FILENO);
     interrupted = false;
     const auto previous = std::signal(SIGINT, [](int) { interrupted = true; });
-    const auto start = std::chrono::steady_clock::now();
-    const auto end = start + std::chrono::duration<double>(job_.seconds);
+    // --seconds counts sound heard, on the capture's clock.
+    const auto wanted = static_cast<std::int64_t>(job_.seconds * FrequencyAnalyzer::kSampleRate);
+    std::int64_t heard = 0;
+    // A device that stays open but gives nothing still ends the run.
+    const auto giveUp =
+        std::chrono::steady_clock::now() + std::chrono::duration<double>(job_.seconds + 2.0);
     int code = kExitOk;
-    for (auto next = start; !interrupted && (job_.seconds == 0.0 || next < end);) {
-        next += std::chrono::milliseconds(50);
-        std::this_thread::sleep_until(next);
-        bool lost = false;
-        const std::string line = session.read(job_.raw, style, lost);
+    while (!interrupted && (wanted == 0 || heard < wanted)) {
+        if (!queued->waitFor(CaptureBuffer::kHopSamples, std::chrono::milliseconds(100))) {
+            if (wanted > 0 && std::chrono::steady_clock::now() > giveUp)
+                break;
+            if (queued->state() != AudioCapture::State::Lost)
+                continue;
+        }
+        bool lost = queued->state() == AudioCapture::State::Lost;
+        std::string line;
+        if (!lost && queued->pump(CaptureBuffer::kHopSamples)) {
+            heard += CaptureBuffer::kHopSamples;
+            line = session.read(job_.raw, style, lost);
+        }
         if (lost) {
             err << (inPlace ? "\n" : "") << name << "the microphone went away\n";
             code = kExitFailure;
@@ -236,6 +253,9 @@ int AnalyzeCommand::run(std::ostream& out, std::ostream& err) {
             out << line << "\n" << std::flush;
         }
     }
+    if (const std::int64_t lost = queued->lostSamples(); lost > 0)
+        err << (inPlace ? "\n" : "") << name << lost
+            << " samples came faster than they could be read and were left out\n";
     std::signal(SIGINT, previous);
     if (inPlace && code == kExitOk)
         out << "\n";

@@ -34,10 +34,18 @@ void CalibrationProxy::setTaperMode(int mode) {
         pitchDetector_->changeTaperSettings(taperSettings_);
 }
 
-void CalibrationProxy::startAudioSession() {
-    Dictionary section;
+Dictionary CalibrationProxy::savedSection() const {
     if (auto state = facade().retrieveProxyAs<StateProxy>(StateProxy::NAME))
-        section = state->getChromaticTunerData().value_or(Dictionary{});
+        return state->getChromaticTunerData().value_or(Dictionary{});
+    return {};
+}
+
+bool CalibrationProxy::classicDetection() const {
+    return chromatic::classicDetection(savedSection());
+}
+
+void CalibrationProxy::startAudioSession() {
+    const Dictionary section = savedSection();
     chooseDetector(chromatic::classicDetection(section));
     frequencyAnalyzer_ = &FrequencyAnalyzer::getInstance(pitchDetector_);
     frequencyAnalyzer_->setPitchDetector(pitchDetector_);

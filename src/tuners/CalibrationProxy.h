@@ -13,6 +13,7 @@
 #include "dsp/FrequencyAnalyzer.h"
 #include "dsp/TaperSettings.h"
 #include "framework/Proxy.h"
+#include "framework/Value.h"
 #include "tuners/FrequencyReaders.h"
 #include "tuners/InputSource.h"
 
@@ -42,9 +43,12 @@ public:
 protected:
     // The sensitivity a session starts with.
     virtual int sessionSensitivity() const { return 50; }
+    // Whether classic detection is saved as chosen.
+    bool classicDetection() const;
 
 private:
     void chooseDetector(bool classic);
+    Dictionary savedSection() const;
 
     InputSource input_;
     FrequencyAnalyzer* frequencyAnalyzer_ = nullptr;

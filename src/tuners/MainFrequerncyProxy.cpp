@@ -1,5 +1,7 @@
 #include "tuners/MainFrequerncyProxy.h"
 
+#include <cmath>
+
 #include "dsp/NotationFacade.h"
 #include "dsp/PDAFacade.h"
 #include "framework/Facade.h"
@@ -54,6 +56,8 @@ void MainFrequerncyProxy::initVariables(const Dictionary& savedData) {
         allCandidates_.push_back(&note);
     candidatesTuning_.clear();
     currentFreq_ = -1.0f;
+    lastPitchEnd_ = 0;
+    named_ = nullptr;
 }
 
 void MainFrequerncyProxy::startAudioSession() {
@@ -65,6 +69,7 @@ void MainFrequerncyProxy::startAudioSession() {
 }
 
 void MainFrequerncyProxy::stopAudioSession() {
+    named_ = nullptr;
     noteObjects_.clear();
     allCandidates_.clear();
     tuningCandidates_.clear();
@@ -103,7 +108,31 @@ void MainFrequerncyProxy::setClassicDetection(bool classic) {
 float MainFrequerncyProxy::getMainFrequerncy() {
     const float f = frequencyAnalyzer_ ? frequencyAnalyzer_->frequency() : 0.0f;
     volumeLevel_ = frequencyAnalyzer_ ? frequencyAnalyzer_->getPeakPower() : 0;
-    return smoothFrequency(f, currentFreq_);
+    return endHold(f, smoothFrequency(f, currentFreq_));
+}
+
+float MainFrequerncyProxy::endHold(float detected, float reported) {
+    if (classic_ || !frequencyAnalyzer_ || detected < -1.5f)
+        return reported;
+    const std::int64_t end = frequencyAnalyzer_->analysedBlockEnd();
+    if (detected > 0.0f) {
+        lastPitchEnd_ = end;
+        return reported;
+    }
+    if (reported > 0.0f && end - lastPitchEnd_ >= kHoldSamples) {
+        // The sound stopped: the tuner starts over, as before the first pitch.
+        currentFreq_ = -1.0f;
+        return -1.0f;
+    }
+    return reported;
+}
+
+NoteDescription* MainFrequerncyProxy::lastNamed() const {
+    for (NoteDescription* candidate : *candidates_) {
+        if (candidate == named_)
+            return named_;
+    }
+    return nullptr;
 }
 
 std::vector<NoteDescription*> MainFrequerncyProxy::getNotes(const std::vector<std::string>& names) {
@@ -148,14 +177,26 @@ void MainFrequerncyProxy::gatherCandidates() {
 const NoteDescription& MainFrequerncyProxy::getNoteDesctiption() {
     const float f = getMainFrequerncy();
     gatherCandidates();
-    NoteDescription* chosen = nearestNote(*candidates_, f);
+    // Without pitch after one, the note stays the one last named (unlit), so
+    // that silence does not move the note panel.
+    NoteDescription* chosen = nullptr;
+    if (!classic_ && f == -1.0f)
+        chosen = lastNamed();
+    if (!chosen)
+        chosen = nearestNote(*candidates_, f);
     if (!chosen) {
         unnamed_ = NoteDescription{};
         chosen = &unnamed_;
     }
     if (f > 0.0f) {
         currentFreq_ = f;
-        chosen->cents = displayedCents(chosen->standartFrequency, currentFreq_);
+        if (classic_ || chosen != named_) {
+            chosen->cents = displayedCents(chosen->standartFrequency, currentFreq_, classic_);
+        } else {
+            chosen->cents = steadyCents(
+                1200.0 * std::log2(currentFreq_ / chosen->standartFrequency), chosen->cents);
+        }
+        named_ = chosen;
     }
     chosen->frequency = f;
     chosen->volumeLevel = volumeLevel_;

@@ -6,7 +6,12 @@
 // deviation in cents (see NoteChoice.h).
 //
 // The detector is the fine one unless classic detection is chosen, which
-// puts back the overtone detector. Taper modes (the settings screen's rows)
+// puts back the overtone detector. With the fine detector the cents are
+// reckoned from the frequency as measured, and a reading without pitch is
+// held for at most kHoldSamples of sound (1 s, on the capture's own clock)
+// before the service reports no pitch (-1) on the note last named. Classic
+// detection compares whole tenths of a hertz and holds the last reading for
+// as long as the sound stays without pitch. Taper modes (the settings screen's rows)
 // choose the windows Gauss, cosine, Hamming, Hann, Lanczos, in that order.
 //
 // Everything runs on the main thread; the analyzer's capture thread stays
@@ -39,6 +44,7 @@ class MainFrequerncyProxy : public Proxy,
                             public NoteReader {
 public:
     static constexpr const char* NAME = "MainFrequerncyProxy";
+    static constexpr std::int64_t kHoldSamples = 8000;
 
     // capture: where the session's sound comes from; nullptr for the
     // microphone on the saved input device (see InputSource).
@@ -64,7 +70,7 @@ public:
     void stopAudioSession() override;
 
     // The smoothed frequency in hertz, or -2 without a microphone; -1 before
-    // the first pitch of a session.
+    // the first pitch of a session, and once a hold has run out.
     float getMainFrequerncy();
     // The nearest candidate, filled with this reading; the record is the
     // candidate list's own, not a copy. Without candidates, a record of its
@@ -106,6 +112,11 @@ private:
     // The candidates of this reading, by tuning or all notes.
     void gatherCandidates();
     void applyDetectorSettings();
+    // The held frequency, or -1 once the sound has been without pitch for
+    // longer than a hold (not with classic detection).
+    float endHold(float detected, float reported);
+    // The note last named, if it is still a candidate.
+    NoteDescription* lastNamed() const;
 
     InputSource input_;
     std::shared_ptr<AudioCapture> capture_;
@@ -132,6 +143,9 @@ private:
     std::vector<NoteDescription*> allCandidates_;
     const std::vector<NoteDescription*>* candidates_ = &allCandidates_;
     NoteDescription unnamed_;
+    // The end of the last block that had a pitch, in captured samples.
+    std::int64_t lastPitchEnd_ = 0;
+    NoteDescription* named_ = nullptr;
 };
 
 }  // namespace zt

@@ -35,8 +35,18 @@ NoteDescription* nearestNote(std::span<NoteDescription* const> candidates, doubl
     return f - below->standartFrequency > above->standartFrequency - f ? above : below;
 }
 
-double displayedCents(double reference, double measured) {
-    return std::round(NotationFacade::centDifference(reference, measured) * 10.0) / 10.0;
+double displayedCents(double reference, double measured, bool classic) {
+    const double cents = classic ? NotationFacade::centDifference(reference, measured)
+                                 : 1200.0 * std::log2(measured / reference);
+    // Plus zero: a reading just below the note shows 0.0, not -0.0.
+    return std::round(cents * 10.0) / 10.0 + 0.0;
+}
+
+double steadyCents(double exact, double shown) {
+    constexpr double kSteady = 0.08;
+    if (std::fabs(exact - shown) <= kSteady)
+        return shown;
+    return std::round(exact * 10.0) / 10.0 + 0.0;
 }
 
 }  // namespace zt

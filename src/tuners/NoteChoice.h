@@ -21,8 +21,17 @@ float smoothFrequency(float f, float& current);
 // are no candidates.
 NoteDescription* nearestNote(std::span<NoteDescription* const> candidates, double f);
 
-// Cents of `measured` above `reference` as the tuner shows them: compared in
-// tenths of a hertz and rounded to 0.1 cent, halves away from zero.
-double displayedCents(double reference, double measured);
+// Cents of `measured` above `reference` as the tuner shows them, rounded to
+// 0.1 cent, halves away from zero. Classic detection compares the two in
+// whole tenths of a hertz (a step of 1.6 to 2.1 cents at the low strings);
+// otherwise they are compared as measured, which keeps what the fine
+// detector resolves.
+double displayedCents(double reference, double measured, bool classic = true);
+
+// The tenth of a cent to show for a note that showed `shown` last time: kept
+// while the exact value stays within 0.08 of it, so that a steady tone whose
+// cents sit near a rounding boundary reads one value rather than flickering
+// between two; otherwise the exact value rounded. Never more than 0.08 off.
+double steadyCents(double exact, double shown);
 
 }  // namespace zt

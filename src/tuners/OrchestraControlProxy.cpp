@@ -49,8 +49,13 @@ NoteDescription OrchestraControlProxy::describe(double f) const {
     if (!listNoteByIndex_.empty())
         d.standartFrequency =
             listNoteByIndex_[static_cast<std::size_t>(noteOctave_)].getFrequency();
-    if (f > 0.0)
-        d.cents = std::round(NotationFacade::centDifference(d.standartFrequency, f));
+    // Whole cents on tenths of a hertz with classic detection; else tenths
+    // of a cent from the frequency as it is.
+    if (f > 0.0) {
+        d.cents = classicDetection()
+                      ? std::round(NotationFacade::centDifference(d.standartFrequency, f))
+                      : displayedCents(d.standartFrequency, f, false);
+    }
     return d;
 }
 

@@ -3,8 +3,12 @@
 // view loads with its screen.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickItem>
+#include <QThread>
 #include <memory>
 #include <set>
 
@@ -13,6 +17,8 @@
 #include "app/Screens.h"
 #include "app/Tools.h"
 #include "state/StateKeys.h"
+#include "tuners/ui/OrchestraControl.h"
+#include "tuners/ui/TunerChromatic.h"
 
 using namespace zt;
 
@@ -22,6 +28,32 @@ class ScreensTest : public AppTestEnvironment {};
 
 QString keyOf(const ScreenRow& row) {
     return QString::fromUtf8(row.key);
+}
+
+// The items of a view whose object names begin with `prefix`.
+void collect(QQuickItem* item, const QString& prefix, std::vector<QQuickItem*>& found) {
+    if (!item)
+        return;
+    if (item->objectName().startsWith(prefix))
+        found.push_back(item);
+    for (QQuickItem* child : item->childItems())
+        collect(child, prefix, found);
+}
+
+std::vector<QQuickItem*> itemsOf(const std::unique_ptr<QObject>& view, const QString& prefix) {
+    std::vector<QQuickItem*> found;
+    collect(qobject_cast<QQuickItem*>(view.get()), prefix, found);
+    return found;
+}
+
+// A screen's view, made as the shell makes it.
+std::unique_ptr<QObject> viewOf(QQmlEngine& engine, Tools& tools, const QString& key) {
+    engine.addImportPath(QStringLiteral("qrc:/"));
+    QQmlComponent component(&engine, tools.viewUrl(key));
+    std::unique_ptr<QObject> view(component.createWithInitialProperties(
+        {{QStringLiteral("screen"), QVariant::fromValue(tools.screen(key))}}));
+    EXPECT_NE(view, nullptr) << component.errorString().toStdString();
+    return view;
 }
 
 }  // namespace
@@ -45,6 +77,12 @@ TEST_F(ScreensTest, WholeShellStartsFromTheTableWithoutASoundCard) {
         Screen* screen = tools.screen(keyOf(row));
         ASSERT_NE(screen, nullptr) << row.key;
         EXPECT_EQ(screen->title(), QString::fromUtf8(row.title)) << row.key;
+        // The navigation bar reads the title; the orchestra screen's in
+        // sentence case.
+        EXPECT_EQ(screen->navigationTitle(), keyOf(row) == "orchestraControl"
+                                                 ? QStringLiteral("Orchestra tuning")
+                                                 : screen->title())
+            << row.key;
     }
     // Opening the sound card would have said where its output goes.
     for (const std::string& line : logLines_)
@@ -66,11 +104,45 @@ TEST_F(ScreensTest, WholeShellStartsFromTheTableWithoutASoundCard) {
 TEST_F(ScreensTest, EveryViewLoadsWithItsScreen) {
     Tools tools(engines_);
     QQmlEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/"));
-    for (const ScreenRow& row : screenTable()) {
-        QQmlComponent component(&engine, tools.viewUrl(keyOf(row)));
-        std::unique_ptr<QObject> view(component.createWithInitialProperties(
-            {{QStringLiteral("screen"), QVariant::fromValue(tools.screen(keyOf(row)))}}));
-        EXPECT_NE(view, nullptr) << row.key << ": " << component.errorString().toStdString();
+    for (const ScreenRow& row : screenTable())
+        EXPECT_NE(viewOf(engine, tools, keyOf(row)), nullptr) << row.key;
+}
+
+// Every level from 1 to 10 lights one more segment either side of the centre
+// segment, so that each looks different.
+TEST_F(ScreensTest, VolumeBarShowsEveryLevel) {
+    Tools tools(engines_);
+    QQmlEngine engine;
+    const auto view = viewOf(engine, tools, QStringLiteral("tunerChromatic"));
+    const auto segments = itemsOf(view, QStringLiteral("volumeSegment"));
+    ASSERT_EQ(segments.size(), 19u);
+    auto* tuner = qobject_cast<TunerChromatic*>(tools.screen(QStringLiteral("tunerChromatic")));
+    for (int level = 0; level <= 10; ++level) {
+        tuner->showNoteAndFreq({"A", 440.0, 440.0, 0.0, level, 1});
+        const auto lit = std::count_if(segments.begin(), segments.end(), [](QQuickItem* item) {
+            return item->property("lit").toBool();
+        });
+        EXPECT_EQ(lit, level == 0 ? 0 : 2 * level - 1) << "level " << level;
     }
+}
+
+// The note picker slides up into place, which takes a quarter of a second.
+TEST_F(ScreensTest, NotePickerSlidesIn) {
+    Tools tools(engines_);
+    QQmlEngine engine;
+    const auto view = viewOf(engine, tools, QStringLiteral("orchestraControl"));
+    const auto panels = itemsOf(view, QStringLiteral("notePickerPanel"));
+    ASSERT_EQ(panels.size(), 1u);
+    auto* orchestra =
+        qobject_cast<OrchestraControl*>(tools.screen(QStringLiteral("orchestraControl")));
+    QElapsedTimer clock;
+    clock.start();
+    orchestra->showNoteIndexPicker();
+    EXPECT_GT(panels[0]->property("slideOffset").toDouble(), 100.0) << "it starts below";
+    while (panels[0]->property("slideOffset").toDouble() > 0.0 && clock.elapsed() < 3000) {
+        QCoreApplication::processEvents();
+        QThread::msleep(5);
+    }
+    EXPECT_EQ(panels[0]->property("slideOffset").toDouble(), 0.0);
+    EXPECT_GE(clock.elapsed(), 240);
 }

@@ -4,8 +4,10 @@
 # sink whose monitor is the default source, fed with tones. The app reports
 # what it shows through --probe (one JSON line per reading of the screen);
 # the checks read those values, and a picture of each case is kept.
-#   1. A2 (110 Hz): "A" lit, "110.0 Hz", the needle at the centre.
-#   2. A2 + 30 cents: the needle right of the centre.
+#   1. A2 (110 Hz): "A" lit, "110.0 Hz", the needle at the centre, and one
+#      value of cents on every reading.
+#   2. A2 + 30 cents: the needle right of the centre, "+30.0 ¢".
+#   2b. The tone stops: a second later the dial is at rest and blank.
 #   3. The device goes away while listening: the microphone alert opens.
 #   4. No capture device at all: the alert with its exact text.
 # Usage: chromatic_tuner_e2e.sh ZEBTOOLS DEFAULT_STATE [PICTURE_DIR]
@@ -72,7 +74,16 @@ check a2 'p["frequencyText"] == "110.0 Hz" and p["activeSlot"] == 1 and p["slotL
 # may put a reading a cent off.
 check a2 'abs(p["needleAngle"]) <= 0.0174 and abs(d["needle"]) <= 1.0 and p["frequencyAmber"]'
 check a2 'not p["microphoneAlert"] and p["polling"]'
-echo "ok: 110 Hz shows A, 110.0 Hz, the needle at the centre"
+python3 - "$dir/a2.jsonl" <<'PY' || fail "a2: a steady tone reads more than one value"
+import json, sys
+lines = [json.loads(l).get("properties", {}) for l in open(sys.argv[1]) if l.startswith("{")]
+sequence = [p.get("centsText") for p in lines if p.get("frequencyText")]
+# The first block of a session may begin with the capture's own start.
+shown = set(sequence[1:])
+print("cents shown:", " ".join(sequence))
+sys.exit(0 if len(sequence) >= 10 and len(shown) == 1 and "" not in shown else 1)
+PY
+echo "ok: 110 Hz shows A, 110.0 Hz, the needle at the centre, one value of cents"
 kill "$player"; wait "$player" 2>/dev/null
 
 # 110 Hz x 2^(30/1200)
@@ -80,7 +91,31 @@ play 111.9171
 run_app 3 a2-sharp
 check a2-sharp 'p["frequencyText"] == "111.9 Hz" and p["activeSlot"] == 1'
 check a2-sharp 'p["needleAngle"] > 0.15 and d["needle"] > 8'
-echo "ok: 30 cents sharp turns the needle right"
+check a2-sharp 'abs(float(p["centsText"].split()[0]) - 30.0) <= 0.1 + 1e-9 and p["centsText"].endswith("\u00a2")'
+echo "ok: 30 cents sharp turns the needle right and reads +30.0 cents"
+kill "$player"; wait "$player" 2>/dev/null
+
+# The tone stops under the running tuner: held for a second at most, then
+# the needle back at the centre, the labels blank and no string lit.
+play 110
+"$app" --select-tab 1 --probe 100 --quit-after 8 >"$dir/silence.jsonl" 2>"$dir/silence.log" &
+running=$!
+pids+=("$running")
+for _ in $(seq 60); do
+  grep -q '"frequencyText":"110.0 Hz"' "$dir/silence.jsonl" && break
+  sleep 0.1
+done
+grep -q '"frequencyText":"110.0 Hz"' "$dir/silence.jsonl" || fail "silence: the tone was never read"
+kill "$player"; wait "$player" 2>/dev/null
+stopped=$(date +%s.%N)
+wait "$running" || fail "silence: the app exited with $?: $(tail -5 "$dir/silence.log")"
+awk -v s="$stopped" -v e="$(date +%s.%N)" 'BEGIN { exit !(e - s >= 1.6) }' ||
+  fail "silence: the app quit too soon after the tone stopped to tell"
+check silence 'p["frequencyText"] == "" and p["centsText"] == "" and p["activeSlot"] == -1'
+check silence 'p["referenceTexts"] == [""] * 5 and p["needleAngle"] == 0 and abs(d["needle"]) < 1e-6'
+echo "ok: when the tone stops the dial comes to rest, blank"
+
+play 111.9171
 
 # The device goes away under the running tuner.
 "$app" --select-tab 1 --probe 100 --quit-after 8 >"$dir/lost.jsonl" 2>"$dir/lost.log" &

@@ -129,12 +129,12 @@ TEST_F(AnalyzeCommandTest, NoteChoiceOptions) {
         std::vector<std::string> args;
         const char* line;  // the fields after the time
     } rows[] = {
-        {{a3}, "220.0 G3 +200.9"},  // Standard's strings: G3 is nearer than B3
+        {{a3}, "220.0 G3 +200.0"},  // Standard's strings: G3 is nearer than B3
         {{a3, "--all-notes"}, "220.0 A3 +0.0"},
         {{a3, "--all-notes", "--base", "442"}, "220.0 A3 -7.9"},
-        {{tone("d2.wav", 73.42), "--tuning", "drop d"}, "73.4 D2 +0.0"},
-        {{tone("d2b.wav", 73.42), "--tuning", "27"}, "73.4 D2 +0.0"},
-        {{tone("e2.wav", 73.42)}, "73.4 E2 -200.2"},
+        {{tone("d2.wav", 73.42), "--tuning", "drop d"}, "73.4 D2 +0.1"},
+        {{tone("d2b.wav", 73.42), "--tuning", "27"}, "73.4 D2 +0.1"},
+        {{tone("e2.wav", 73.42)}, "73.4 E2 -199.9"},
         {{a3, "--all-notes", "--detector", "overtone", "--taper", "hann"}, "220.1 A3 +0.0"},
     };
     for (const auto& row : rows) {

@@ -48,6 +48,31 @@ awk -v hertz="$hertz" '
     printf "%d readings, worst %.3f cents\n", NR, worst
   }' "$dir/readings.txt" || fail "the tone was not read within 1 cent"
 
+# 1b. A steady tone reads one value, live as from the file of it.
+cents_of() { grep -o '"cents":-\?[0-9][0-9.]*' "$1" | sort -u | tr '\n' ' '; }
+"$cli" analyze "$dir/tone.wav" --all-notes --json >"$dir/file.txt" || fail "the file"
+live=$(cents_of "$dir/readings.txt")
+from_file=$(cents_of "$dir/file.txt")
+[ "$live" = "$from_file" ] && [ "$(echo "$live" | wc -w)" -eq 1 ] ||
+  fail "cents live: $live; from the file: $from_file"
+echo "live and file read ${live}alike"
+
+# 1c. Every block once, in order: the times step by 0.05 s, even when the
+# reader is held up for 1.5 s (it catches up on what was captured meanwhile).
+"$cli" analyze --mic --seconds 4 --raw >"$dir/raw.txt" 2>"$dir/raw-errors.txt" &
+reader=$!
+pids+=("$reader")
+sleep 1
+kill -STOP "$reader"; sleep 1.5; kill -CONT "$reader"
+wait "$reader" || fail "analyze --mic --raw exited with $?: $(cat "$dir/raw-errors.txt")"
+awk 'NR > 1 && ($1 - last > 0.0505 || $1 - last < 0.0495) { bad = bad "\n" last " -> " $1 }
+  { last = $1 }
+  END {
+    if (bad != "") { print "times skip or repeat:" bad; exit 1 }
+    if (NR != 76) { print NR " lines for 4 s, not 76"; exit 1 }
+  }' "$dir/raw.txt" || fail "the blocks of --raw --mic"
+echo "76 blocks in 4 s, each once"
+
 # 2. Plain lines when the output is no terminal: time, frequency, note...
 "$cli" analyze --mic --seconds 1 --all-notes >"$dir/lines.txt" 2>&1 || fail "plain lines"
 grep -q '^[0-9.]* 196\.0 G3 ' "$dir/lines.txt" || fail "plain lines: $(head -n 3 "$dir/lines.txt")"

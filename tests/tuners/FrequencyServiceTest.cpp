@@ -90,7 +90,7 @@ TEST_F(FrequencyServiceTest, AllNotesNameTheNearestOfNinetySix) {
         int index, octave;
     } rows[] = {
         {"A", 440.0, 0.0, 9, 4},        {"A", 440.0, 19.6, 9, 4},     {"A", 440.0, 50.4, 9, 4},
-        {"A#", 466.1638, -49.0, 10, 4}, {"C", 16.3516, -845.8, 0, 0}, {"B", 3951.066, 407.7, 11, 7},
+        {"A#", 466.1638, -49.2, 10, 4}, {"C", 16.3516, -851.3, 0, 0}, {"B", 3951.066, 407.6, 11, 7},
     };
     for (const auto& row : rows) {
         const NoteDescription& d = next();
@@ -114,6 +114,47 @@ TEST_F(FrequencyServiceTest, ReportedFrequenciesSmoothAndHold) {
     EXPECT_FLOAT_EQ(next().frequency, 440.375f);
     EXPECT_FLOAT_EQ(next().frequency, 440.375f) << "no pitch holds the last";
     EXPECT_FLOAT_EQ(next().frequency, 441.0f);
+}
+
+// Without pitch the fine detector's reading is held for one second of sound
+// (20 blocks of 400 samples), then the tuner shows no pitch on the note last
+// named; classic detection holds for as long as the silence lasts.
+TEST_F(FrequencyServiceTest, SilenceEndsTheHoldAfterOneSecondUnlessClassic) {
+    for (const bool classic : {false, true}) {
+        std::deque<double> script{440.0, 445.0};
+        script.insert(script.end(), 25, -1.0);
+        script.push_back(441.0);
+        startScripted({{"AllNotes", true}, {"ClassicDetection", classic}}, script);
+        next();
+        EXPECT_FLOAT_EQ(next().frequency, 445.0f);
+        for (int silent = 1; silent <= 25; ++silent) {
+            const NoteDescription& d = next();
+            const bool held = classic || silent < 20;
+            EXPECT_EQ(d.frequency, held ? 445.0 : -1.0) << classic << " block " << silent;
+            EXPECT_EQ(d.fullName, "A") << "the note stays the one named, unlit";
+            EXPECT_EQ(d.index, 9);
+        }
+        // A pitch after the silence is reported as it is, not averaged.
+        const NoteDescription& after = next();
+        EXPECT_FLOAT_EQ(after.frequency, 441.0f) << classic;
+        EXPECT_DOUBLE_EQ(after.cents, 3.9);
+        proxy->stopAudioSession();
+    }
+}
+
+// The cents of a reading: from the frequency as measured with the fine
+// detector, from whole tenths of a hertz with classic detection.
+TEST_F(FrequencyServiceTest, CentsFromTheMeasuredFrequencyUnlessClassic) {
+    for (const bool classic : {false, true}) {
+        // A steady A2 that wavers about 0.05 cent reads one value.
+        startScripted({{"AllNotes", true}, {"ClassicDetection", classic}},
+                      {111.278, 107.1776, 109.999, 82.5, 110.0055, 110.005, 110.002, 110.0055});
+        const double expected[][2] = {{20.0, 18.8}, {-45.0, -46.3}, {0.0, -1.6}, {2.0, 2.1},
+                                      {0.1, 0.0},   {0.1, 0.0},     {0.1, 0.0},  {0.1, 0.0}};
+        for (const auto& cents : expected)
+            EXPECT_DOUBLE_EQ(next().cents, cents[classic ? 1 : 0]) << classic;
+        proxy->stopAudioSession();
+    }
 }
 
 TEST_F(FrequencyServiceTest, StringsOfTheCurrentTuning) {

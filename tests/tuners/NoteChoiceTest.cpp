@@ -48,15 +48,32 @@ TEST(NoteChoice, NearestNoteByHertzTiesToTheLower) {
     EXPECT_EQ(nearestNote({}, 440.0), nullptr);
 }
 
-TEST(NoteChoice, CentsInTenthsRoundedAwayFromZero) {
+TEST(NoteChoice, CentsRoundedAwayFromZeroClassicOnWholeTenthsOfAHertz) {
     const struct {
-        double reference, measured, cents;
+        double reference, measured, classic, precise;
     } rows[] = {
-        {440.0, 440.0, 0.0},   {440.0, 440.09, 0.0}, {440.0, 445.0, 19.6},
-        {440.0, 435.0, -19.8}, {440.0, 441.0, 3.9},  {82.4069, 82.5, 2.1},
+        {440.0, 440.0, 0.0, 0.0},     {440.0, 440.09, 0.0, 0.4},       {440.0, 445.0, 19.6, 19.6},
+        {440.0, 435.0, -19.8, -19.8}, {440.0, 441.0, 3.9, 3.9},        {82.4069, 82.5, 2.1, 2.0},
+        {110.0, 111.278, 18.8, 20.0}, {110.0, 107.1776, -46.3, -45.0}, {110.0, 109.999, -1.6, 0.0},
+        {110.0, 110.001, 0.0, 0.0},
+    };
+    for (const auto& row : rows) {
+        EXPECT_DOUBLE_EQ(displayedCents(row.reference, row.measured), row.classic) << row.measured;
+        EXPECT_DOUBLE_EQ(displayedCents(row.reference, row.measured, false), row.precise)
+            << row.measured;
+    }
+}
+
+TEST(NoteChoice, SteadyCentsKeepTheTenthShownWhileTheExactValueStaysNear) {
+    const struct {
+        double exact, shown, steady;
+    } rows[] = {
+        {0.0866, 0.1, 0.1}, {0.0787, 0.1, 0.1},  {0.0315, 0.1, 0.1}, {0.0199, 0.1, 0.0},
+        {0.04, 0.0, 0.0},   {0.07, 0.0, 0.0},    {0.081, 0.0, 0.1},  {-0.06, 0.0, 0.0},
+        {-0.09, 0.0, -0.1}, {20.03, 20.1, 20.1}, {20.3, 20.1, 20.3}, {-45.0, 12.0, -45.0},
     };
     for (const auto& row : rows)
-        EXPECT_DOUBLE_EQ(displayedCents(row.reference, row.measured), row.cents) << row.measured;
+        EXPECT_DOUBLE_EQ(steadyCents(row.exact, row.shown), row.steady) << row.exact;
 }
 
 }  // namespace

@@ -128,24 +128,33 @@ TEST(TunerDialTest, NeedleLawInBothScales) {
     }
 }
 
+// Classic detection moves the needle by whole cents (towards zero), the fine
+// detector by tenths; either way 0.01 s per cent of the target.
 TEST(TunerDialTest, NeedleTargetAndSwingTime) {
+    const auto angle = [](double cents) { return dial::convertAngle(cents, false); };
     const struct {
         double frequency;
         double cents;
-        double angle;  // non-linear
-        double seconds;
+        double classicAngle, classicSeconds;
+        double fineAngle, fineSeconds;
     } rows[] = {
-        {440.0, 0.0, 0.0, 0.0},
-        {452.9, 50.9, dial::convertAngle(50, false), 0.5},
-        {900.0, 350.0, dial::kWorkAngle, 2.0},
-        {200.0, -350.0, -dial::kWorkAngle, 2.0},
-        {-1.0, 30.0, 0.0, 0.3},
+        {440.0, 0.0, 0.0, 0.0, 0.0, 0.0},
+        {452.9, 50.9, angle(50), 0.5, angle(50.9), 0.509},
+        {440.1, 0.4, 0.0, 0.0, angle(0.4), 0.004},
+        {439.9, -0.4, 0.0, 0.0, angle(-0.4), 0.004},
+        {435.0, -19.8, angle(-19), 0.19, angle(-19.8), 0.198},
+        {900.0, 350.0, dial::kWorkAngle, 2.0, dial::kWorkAngle, 2.0},
+        {200.0, -350.0, -dial::kWorkAngle, 2.0, -dial::kWorkAngle, 2.0},
+        {-1.0, 30.0, 0.0, 0.3, 0.0, 0.3},
     };
     for (const auto& row : rows) {
-        const dial::NeedleMove move =
-            dial::needleMove(note("A", 9, row.frequency, row.cents), false);
-        EXPECT_NEAR(move.angle, row.angle, 1e-9) << row.cents;
-        EXPECT_NEAR(move.seconds, row.seconds, 1e-6) << row.cents;
+        const NoteDescription n = note("A", 9, row.frequency, row.cents);
+        const dial::NeedleMove classic = dial::needleMove(n, false, true);
+        EXPECT_NEAR(classic.angle, row.classicAngle, 1e-9) << row.cents;
+        EXPECT_NEAR(classic.seconds, row.classicSeconds, 1e-6) << row.cents;
+        const dial::NeedleMove fine = dial::needleMove(n, false, false);
+        EXPECT_NEAR(fine.angle, row.fineAngle, 1e-9) << row.cents;
+        EXPECT_NEAR(fine.seconds, row.fineSeconds, 1e-6) << row.cents;
     }
 }
 
@@ -163,39 +172,37 @@ TEST(TunerDialTest, VolumeBarGrowsAboutTheCentre) {
     }
 }
 
-TEST_F(TunerChromaticTest, FrequencyReferencesAndAmber) {
+TEST_F(TunerChromaticTest, FrequencyCentsReferencesAndAmber) {
     showWith({});
+    const QStringList a4{"440.0", "466.2", "415.3", "493.9", "392.0"};
     const struct {
         NoteDescription note;
         const char* text;
+        const char* cents;
         QStringList references;
         bool amber;
     } rows[] = {
         {note("E", 0, 82.406, 0.0, 82.41),
          "82.4 Hz",
+         "0.0 \u00a2",
          {"82.4", "87.3", "77.8", "92.5", "73.4"},
          true},
-        {note("A", 1, 440.96, 3.8),
-         "441.0 Hz",
-         {"440.0", "466.2", "415.3", "493.9", "392.0"},
-         true},
-        {note("A", 1, 441.27, 5.0),
-         "441.3 Hz",
-         {"440.0", "466.2", "415.3", "493.9", "392.0"},
-         true},
-        {note("A", 1, 438.73, -5.0),
-         "438.7 Hz",
-         {"440.0", "466.2", "415.3", "493.9", "392.0"},
-         true},
-        {note("A", 1, 441.3, 5.1),
-         "441.3 Hz",
-         {"440.0", "466.2", "415.3", "493.9", "392.0"},
+        {note("A", 1, 440.96, 3.8), "441.0 Hz", "+3.8 \u00a2", a4, true},
+        {note("A", 1, 441.27, 5.0), "441.3 Hz", "+5.0 \u00a2", a4, true},
+        {note("A", 1, 438.73, -5.0), "438.7 Hz", "-5.0 \u00a2", a4, true},
+        {note("A", 1, 441.3, 5.1), "441.3 Hz", "+5.1 \u00a2", a4, false},
+        {note("A", 1, 111.278, 20.0, 109.99),
+         "111.3 Hz",
+         "+20.0 \u00a2",
+         {"110.0", "116.5", "103.8", "123.5", "98.0"},
          false},
-        {note("E", 0, -1.0, 12.0, 82.41), "", {"", "", "", "", ""}, false},
+        {note("A", 1, 1000.0, -150.0), "1000.0 Hz", "-150.0 \u00a2", a4, false},
+        {note("E", 0, -1.0, 12.0, 82.41), "", "", {"", "", "", "", ""}, false},
     };
     for (const auto& row : rows) {
         screen.showNoteAndFreq(row.note);
         EXPECT_EQ(screen.frequencyText(), row.text);
+        EXPECT_EQ(screen.centsText(), QString::fromUtf8(row.cents)) << row.text;
         EXPECT_EQ(screen.referenceTexts(), row.references) << row.text;
         EXPECT_EQ(screen.frequencyAmber(), row.amber) << row.text;
     }
@@ -347,6 +354,46 @@ TEST_F(TunerChromaticTest, ReadsATonePolledFromTheCapture) {
     EXPECT_NEAR(screen.needleAngle(), 0.0, 1e-12);
     EXPECT_TRUE(screen.frequencyAmber());
     screen.viewDidDisappear();
+}
+
+// The tone stops: with the fine detector the dial holds the last reading for
+// one second of silence at most, then shows no pitch (needle back in 0.3 s,
+// labels blank, no string lit); with classic detection it holds on.
+TEST_F(TunerChromaticTest, SilenceBlanksTheDialWithinASecondUnlessClassic) {
+    for (const bool classic : {false, true}) {
+        showWith({{"ClassicDetection", classic}});
+        auto poll = [this](const std::vector<std::int16_t>& sound) {
+            capture->feed(sound);
+            facade().sendNotification("GetMainFrequerncy", static_cast<Proxy*>(frequency.get()));
+        };
+        // A2 20 cents sharp (the classic detector reads this short a sound
+        // lower).
+        poll(zt::testing::sine(111.278, 2000));
+        if (!classic) {
+            EXPECT_EQ(screen.frequencyText(), "111.3 Hz");
+            EXPECT_EQ(screen.centsText(), QString::fromUtf8("+20.0 \u00a2"));
+            EXPECT_NEAR(screen.needleAngle(), screen.convertAngle(20), 1e-3);
+        }
+        ASSERT_GE(screen.activeSlot(), 0) << classic;
+        // 400 samples of silence a block: the 5th is all silence.
+        for (int block = 1; block <= 25; ++block) {
+            poll(std::vector<std::int16_t>(400, 0));
+            // The last block with pitch is one of the first four.
+            if (classic || block < 20) {
+                EXPECT_TRUE(screen.frequencyText().endsWith(" Hz")) << classic << " " << block;
+                EXPECT_GE(screen.activeSlot(), 0) << classic << " " << block;
+            }
+        }
+        if (!classic) {
+            EXPECT_EQ(screen.frequencyText(), "");
+            EXPECT_EQ(screen.centsText(), "");
+            EXPECT_EQ(screen.referenceTexts(), QStringList({"", "", "", "", ""}));
+            EXPECT_EQ(screen.activeSlot(), -1);
+            EXPECT_EQ(screen.needleAngle(), 0.0);
+            EXPECT_NEAR(screen.needleSeconds(), 0.3, 1e-6);
+        }
+        screen.viewDidDisappear();
+    }
 }
 
 // No capture device: one alert, the poll stops; its "Ok" leads to the by-ear

@@ -183,24 +183,31 @@ TEST_F(TunerSettingsTest, TouchingHannSetsTheWindowAtOnceAndSavesItOnLeaving) {
     EXPECT_EQ(valueFor(section(), "Taper"), Value(3));
 }
 
+// The distance in tenths of a cent, or in whole cents on tenths of a hertz
+// with classic detection.
 TEST_F(TunerSettingsTest, OrchestraStepsOfATenthAndOneHertzThenOkSavesTheNote) {
-    save({{"baseFrequency", 0.0}});
-    orchestraScreen.viewWillAppear();
-    EXPECT_EQ(orchestraScreen.customValueText(), "440.0");
-    EXPECT_EQ(orchestraScreen.noteIndex(), 9);
-    const struct {
-        int tag;
-        const char *shown, *cents;
-    } steps[] = {{1, "440.1", "0"},  {1, "440.2", "1"},  {1, "440.3", "1"},   {1, "440.4", "2"},
-                 {-1, "440.3", "1"}, {10, "441.3", "5"}, {-10, "440.3", "1"}, {-10, "439.3", "-3"}};
-    for (const auto& s : steps) {
-        orchestraScreen.manualIncrementor(s.tag);
-        EXPECT_EQ(orchestraScreen.customValueText(), s.shown) << s.tag;
-        EXPECT_EQ(orchestraScreen.centsValueText(), s.cents) << s.shown;
-        EXPECT_EQ(orchestraScreen.defaultValueText(), "440.0");
+    for (const bool classic : {false, true}) {
+        save({{"baseFrequency", 0.0}, {"ClassicDetection", classic}});
+        orchestraScreen.viewWillAppear();
+        EXPECT_EQ(orchestraScreen.customValueText(), "440.0");
+        EXPECT_EQ(orchestraScreen.noteIndex(), 9);
+        const struct {
+            int tag;
+            const char *shown, *fine, *classic;
+        } steps[] = {
+            {1, "440.1", "0.4", "0"},   {1, "440.2", "0.8", "1"},     {1, "440.3", "1.2", "1"},
+            {1, "440.4", "1.6", "2"},   {-1, "440.3", "1.2", "1"},    {10, "441.3", "5.1", "5"},
+            {-10, "440.3", "1.2", "1"}, {-10, "439.3", "-2.8", "-3"},
+        };
+        for (const auto& s : steps) {
+            orchestraScreen.manualIncrementor(s.tag);
+            EXPECT_EQ(orchestraScreen.customValueText(), s.shown) << s.tag;
+            EXPECT_EQ(orchestraScreen.centsValueText(), classic ? s.classic : s.fine) << s.shown;
+            EXPECT_EQ(orchestraScreen.defaultValueText(), "440.0");
+        }
+        orchestraScreen.cancel();
+        EXPECT_EQ(saves(), 0) << "Cancel saves nothing";
     }
-    orchestraScreen.cancel();
-    EXPECT_EQ(saves(), 0) << "Cancel saves nothing";
 
     orchestraScreen.ok();
     const Dictionary saved = section();

@@ -42,13 +42,15 @@ QString OrchestraControl::frequencyText(double hertz) {
 void OrchestraControl::setSavedData(const Dictionary& data) {
     taperMode_ = chromatic::taperMode(data);
     baseNote_ = chromatic::baseNote(data);
+    classic_ = chromatic::classicDetection(data);
     emit changed();
 }
 
 void OrchestraControl::showNoteAndFreq(const NoteDescription& note) {
     defaultValueText_ = frequencyText(note.standartFrequency);
     customValueText_ = frequencyText(note.frequency);
-    centsValueText_ = QString::number(std::lround(note.cents));
+    centsValueText_ = classic_ ? QString::number(std::lround(note.cents))
+                               : QString::number(note.cents + 0.0, 'f', 1);
     currentFreq_ = static_cast<double>(std::lround(note.frequency * 10.0)) / 10.0;
     emit changed();
 }

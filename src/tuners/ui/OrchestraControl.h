@@ -38,6 +38,9 @@ public:
     void setDelegate(OrchestraControlDelegate* delegate) { delegate_ = delegate; }
     OrchestraControlDelegate* delegate() const { return delegate_; }
 
+    // Its title is "Orchestra Tuning"; the navigation bar reads it in
+    // sentence case.
+    QString navigationTitle() const override { return QStringLiteral("Orchestra tuning"); }
     QStringList noteNames() const { return noteNames_; }
     int noteIndex() const { return baseNote_.getIndex(); }
     bool pickerOpen() const { return pickerOpen_; }
@@ -83,6 +86,8 @@ private:
     QStringList noteNames_;
     bool pickerOpen_ = false;
     int taperMode_ = 0;
+    // Classic detection: whole cents, else tenths.
+    bool classic_ = false;
     Note baseNote_{4, 9, 440.0};
     double currentFreq_ = 440.0;
     QString defaultValueText_;

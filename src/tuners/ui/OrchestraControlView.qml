@@ -186,18 +186,42 @@ Rectangle {
         }
     }
 
-    // The note wheel, over everything; a touch beside it closes it.
+    // The note wheel, over everything, sliding up from the bottom edge over
+    // 0.25 s as it opens; a touch beside it closes it.
     Rectangle {
         objectName: "notePicker"
         anchors.fill: parent
         visible: view.screen.pickerOpen
         color: "#99000000"
+        clip: true
+        onVisibleChanged: {
+            if (visible)
+                slideIn.restart()
+        }
 
         TapHandler {
             onTapped: view.screen.hideNoteIndexPicker()
         }
 
+        NumberAnimation {
+            id: slideIn
+
+            target: wheelPanel
+            property: "slideOffset"
+            from: wheelPanel.height
+            to: 0
+            duration: 250
+            easing.type: Easing.OutCubic
+        }
+
         Rectangle {
+            id: wheelPanel
+
+            // How far below its place the wheel still is.
+            property real slideOffset: 0
+
+            objectName: "notePickerPanel"
+            transform: Translate { y: wheelPanel.slideOffset }
             anchors.bottom: parent.bottom
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(parent.width, Theme.columnWidth)

@@ -133,6 +133,7 @@ void TunerChromatic::setSavedData(const Dictionary& data) {
     baseNote_ = chromatic::baseNote(data);
     const bool linear = state::read(data, keys::kLinearScale);
     tresholdPercent_ = chromatic::tresholdPercent(data);
+    classic_ = chromatic::classicDetection(data);
     if (linear != linearScale_) {
         linearScale_ = linear;
         emit scaleChanged();
@@ -249,6 +250,7 @@ void TunerChromatic::updateLabel(const NoteDescription& note) {
     const dial::VolumeBar bar = dial::volumeBar(std::clamp(note.volumeLevel, 0, 10));
     setVolume(bar.x, bar.width, bar.shown);
     frequencyText_ = QString::fromStdString(dial::frequencyText(note));
+    centsText_ = QString::fromStdString(dial::centsText(note));
     referenceTexts_.clear();
     for (const std::string& text : dial::referenceTexts(note))
         referenceTexts_.append(QString::fromStdString(text));
@@ -257,7 +259,7 @@ void TunerChromatic::updateLabel(const NoteDescription& note) {
 }
 
 void TunerChromatic::rotationArrow(const NoteDescription& note) {
-    const dial::NeedleMove move = dial::needleMove(note, linearScale_);
+    const dial::NeedleMove move = dial::needleMove(note, linearScale_, classic_);
     moveNeedle(move.angle, move.seconds);
 }
 

@@ -42,6 +42,8 @@ class TunerChromatic : public zt::Screen {
     Q_PROPERTY(int activeSlot READ activeSlot NOTIFY panelChanged)
     Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY labelsChanged)
     Q_PROPERTY(bool frequencyAmber READ frequencyAmber NOTIFY labelsChanged)
+    // The reading's cents beside the frequency, "+20.0 ¢"; "" without pitch.
+    Q_PROPERTY(QString centsText READ centsText NOTIFY labelsChanged)
     // Centre, +1, -1, +2 and -2 semitones.
     Q_PROPERTY(QStringList referenceTexts READ referenceTexts NOTIFY labelsChanged)
     // The volume bar's lit frame, 20 points high at y = 190: its left edge,
@@ -82,6 +84,7 @@ public:
     int activeSlot() const { return panel_.activeSlot(); }
     QString frequencyText() const { return frequencyText_; }
     bool frequencyAmber() const { return frequencyAmber_; }
+    QString centsText() const { return centsText_; }
     QStringList referenceTexts() const { return referenceTexts_; }
     QRectF volumeFrame() const { return volumeFrame_; }
     double volumeX() const { return volumeFrame_.x(); }
@@ -156,6 +159,8 @@ private:
     float freq_ = -1.0f;
     int tuning_ = 0;
     bool linearScale_ = false;
+    // Classic detection: the needle goes by whole cents.
+    bool classic_ = false;
     bool isAllNotes_ = false;
     bool isAllNotesChange_ = false;
     int taperMode_ = 0;
@@ -174,6 +179,7 @@ private:
     double needleSeconds_ = 0.0;
     QString frequencyText_;
     bool frequencyAmber_ = false;
+    QString centsText_;
     QStringList referenceTexts_{"", "", "", "", ""};
     QRectF volumeFrame_{110, 190, 100, 20};
     double volumeShown_ = 0.0;

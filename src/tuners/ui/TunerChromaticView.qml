@@ -130,23 +130,30 @@ Rectangle {
             }
         }
 
-        // The volume bar: ten dim blocks, the lit ones from the screen's frame.
+        // The volume bar: a centre segment and nine on each side, 6 points
+        // apart, so that every level from 1 to 10 lights one more on each
+        // side of the centre; lit where the screen's frame covers them.
         Repeater {
-            model: 10
+            model: 19
 
             Rectangle {
                 required property int index
-                readonly property real blockX: 102 + 12 * index
+                // Steps from the centre: 0 for the centre segment.
+                readonly property int step: Math.abs(index - 9)
+                readonly property real segmentX: index === 9 ? 156
+                    : (index < 9 ? 156 - 6 * step : 160 + 6 * step)
+                readonly property real segmentWidth: index === 9 ? 8 : 4
                 readonly property bool lit: view.screen.volumeShown > 0
-                    && blockX >= view.screen.volumeX - 0.5
-                    && blockX + 8 <= view.screen.volumeX + view.screen.volumeWidth + 0.5
+                    && segmentX >= view.screen.volumeX - 0.5
+                    && segmentX + segmentWidth <= view.screen.volumeX + view.screen.volumeWidth + 0.5
 
-                x: blockX * view.unit
+                objectName: "volumeSegment" + index
+                x: segmentX * view.unit
                 y: 190 * view.unit
-                width: 8 * view.unit
+                width: segmentWidth * view.unit
                 height: 20 * view.unit
-                radius: 2 * view.unit
-                color: lit ? (index < 2 || index > 7 ? Theme.accent : "#7ED957") : Theme.panelLight
+                radius: 1.5 * view.unit
+                color: lit ? (step >= 8 ? Theme.accent : "#7ED957") : Theme.panelLight
             }
         }
 
@@ -202,13 +209,30 @@ Rectangle {
             border.width: 2 * view.unit
         }
 
+        // The frequency, its right edge a little right of the centre, and
+        // the cents beside it, so that neither moves as the other changes.
         Text {
+            id: frequencyLabel
+
             objectName: "frequency"
-            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.right: parent.left
+            anchors.rightMargin: -196 * view.unit
             y: 328 * view.unit
             text: view.screen.frequencyText
             color: view.screen.frequencyAmber ? Theme.accent : Theme.text
             font.pixelSize: 28 * view.unit
+            font.bold: true
+        }
+
+        Text {
+            id: centsLabel
+
+            objectName: "cents"
+            x: 206 * view.unit
+            anchors.baseline: frequencyLabel.baseline
+            text: view.screen.centsText
+            color: view.screen.frequencyAmber ? Theme.accent : Theme.textDim
+            font.pixelSize: 18 * view.unit
             font.bold: true
         }
     }

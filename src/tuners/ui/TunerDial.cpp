@@ -21,11 +21,11 @@ double convertAngle(double cents, bool linearScale) {
     return sign * kWorkAngle * std::sin(std::numbers::pi / 2 * std::pow(share, 0.9));
 }
 
-NeedleMove needleMove(const NoteDescription& note, bool linearScale) {
+NeedleMove needleMove(const NoteDescription& note, bool linearScale, bool classic) {
     if (note.frequency == kNoPitch)
         return {0.0, kReturnSeconds};
-    const int cents =
-        std::clamp(static_cast<int>(std::trunc(note.cents)), -kMaxCentModule, kMaxCentModule);
+    const double reading = classic ? std::trunc(note.cents) : std::round(note.cents * 10.0) / 10.0;
+    const double cents = std::clamp(reading, -1.0 * kMaxCentModule, 1.0 * kMaxCentModule);
     // The duration is a single-precision number of seconds.
     const float seconds = static_cast<float>(std::abs(cents) * kSecondsPerCent);
     return {convertAngle(cents, linearScale), seconds};
@@ -38,6 +38,14 @@ std::string tenths(double value) {
 
 std::string frequencyText(const NoteDescription& note) {
     return note.frequency == kNoPitch ? std::string() : tenths(note.frequency) + " Hz";
+}
+
+std::string centsText(const NoteDescription& note) {
+    if (note.frequency == kNoPitch)
+        return {};
+    const long r = std::lround(note.cents * 10);
+    const char* sign = r > 0 ? "+" : (r < 0 ? "-" : "");
+    return sign + tenths(std::abs(note.cents)) + " \u00a2";
 }
 
 std::array<std::string, 5> referenceTexts(const NoteDescription& note) {

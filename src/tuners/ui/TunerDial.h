@@ -32,12 +32,16 @@ struct NeedleMove {
     // far moves slowly; 0.3 s back to the centre when there is no pitch.
     double seconds = 0.0;
 };
-NeedleMove needleMove(const NoteDescription& note, bool linearScale);
+// The needle goes to the reading's cents, clamped to full scale: in tenths
+// of a cent, or in whole cents (towards zero) with classic detection.
+NeedleMove needleMove(const NoteDescription& note, bool linearScale, bool classic = true);
 
 // "%D.%D": the value rounded to tenths, e.g. "82.4", "441.0".
 std::string tenths(double value);
 // "82.4 Hz"; "" without a pitch (frequency -1).
 std::string frequencyText(const NoteDescription& note);
+// "+20.0 ¢", "-3.5 ¢", "0.0 ¢"; "" without a pitch.
+std::string centsText(const NoteDescription& note);
 // The nearest note's frequency, then one and two semitones up and down, in
 // the order centre, +1, -1, +2, -2; all "" without a pitch.
 std::array<std::string, 5> referenceTexts(const NoteDescription& note);
