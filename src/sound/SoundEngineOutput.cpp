@@ -14,7 +14,7 @@ namespace {
 // often a new one is tried while there is none: together well under the
 // two seconds after which a returning device should be heard.
 constexpr auto kLook = std::chrono::milliseconds(250);
-constexpr auto kRetry = std::chrono::milliseconds(500);
+constexpr auto kRetry = std::chrono::milliseconds(250);
 }  // namespace
 
 void SoundEngine::watchLoop() {
