@@ -64,9 +64,18 @@ QRect WindowPlacement::fit(const QRect& saved, const QList<QRect>& screens, cons
     return framed.marginsRemoved(frame);
 }
 
-void WindowPlacement::restoreAndShow() {
+void WindowPlacement::restoreAndShow(const QSize& size) {
     QSettings settings(path_, QSettings::IniFormat);
-    const QRect saved = settings.value(kGeometry).toRect();
+    QRect saved = settings.value(kGeometry).toRect();
+    if (size.isValid()) {
+        // Without a remembered place the window manager picks one.
+        if (!saved.isValid()) {
+            window_->resize(size);
+            window_->show();
+            return;
+        }
+        saved.setSize(size);
+    }
     const QRect frame = settings.value(kFrame).toRect();
     QMargins margins;
     if (frame.contains(saved)) {
@@ -82,7 +91,7 @@ void WindowPlacement::restoreAndShow() {
         normal_ = {placed, placed.marginsAdded(margins)};
     }
     // Written as "true" or "false"; any other text reads as a normal window.
-    if (settings.value(kMaximized).toString() == QLatin1String("true"))
+    if (!size.isValid() && settings.value(kMaximized).toString() == QLatin1String("true"))
         window_->showMaximized();
     else
         window_->show();

@@ -25,7 +25,9 @@ public:
 
     // Gives the window its remembered place, then shows it, maximized if
     // it was; a missing or unreadable file leaves the window as designed.
-    void restoreAndShow();
+    // A valid `size` (asked for on the command line) replaces the remembered
+    // size and state; the place is still remembered at quit.
+    void restoreAndShow(const QSize& size = {});
     // Writes the place the window last had while it was on show.
     void save();
 

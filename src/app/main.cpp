@@ -2,7 +2,6 @@
 
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <QCommandLineParser>
 #include <QDir>
 #include <QFont>
 #include <QGuiApplication>
@@ -14,6 +13,7 @@
 #include <cstdlib>
 
 #include "app/AppLog.h"
+#include "app/AppOptions.h"
 #include "app/QtMainLoop.h"
 #include "app/ScreenProbe.h"
 #include "app/ScreenshotRunner.h"
@@ -30,6 +30,15 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName("zebtools");
     QCoreApplication::setApplicationVersion(ZEBTOOLS_VERSION);
 
+    // The command line is read before the display is opened, so that --help,
+    // --version and mistakes need none; the toolkit's own options are only
+    // known once it has taken them out, so they are read again after.
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    if (const auto early = zt::readAppOptions(arguments, true); early.exitCode)
+        return zt::endRun(early);
+
     const bool headless = qEnvironmentVariable("QT_QPA_PLATFORM") == QLatin1String("offscreen");
     if (headless)
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -41,29 +50,11 @@ int main(int argc, char* argv[]) {
     // Every text of the views, controls and plain Text items alike.
     QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans")));
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        "ZebTools: metronome, chromatic tuner, by-ear tuner and chords.");
-    parser.addHelpOption();
-    parser.addVersionOption();
-    QCommandLineOption screenshotOption("screenshot",
-                                        "Render each tool to a PNG in <dir> and quit.", "dir");
-    QCommandLineOption quitWhenLoadedOption("quit-when-loaded",
-                                            "Quit as soon as the sounds have loaded (for tests).");
-    QCommandLineOption selectTabOption(
-        "select-tab", "Once loaded, choose tab <index> as a touch would (for tests).", "index");
-    QCommandLineOption sizeOption("size", "Open the window at <width>x<height>.", "size");
-    QCommandLineOption verboseOption("verbose", "Print the debug log to standard error.");
-    QCommandLineOption probeOption(
-        "probe", "Once loaded, print what is on show as a JSON line every <ms> (for tests).", "ms");
-    QCommandLineOption quitAfterOption(
-        "quit-after", "Quit <seconds> after loading, saving a picture first with --grab.",
-        "seconds");
-    QCommandLineOption grabOption("grab", "The PNG written before --quit-after quits.", "file");
-    parser.addOptions({screenshotOption, quitWhenLoadedOption, selectTabOption, sizeOption,
-                       verboseOption, probeOption, quitAfterOption, grabOption});
-    parser.process(app);
-    zt::routeLogToQt(parser.isSet(verboseOption));
+    const auto read = zt::readAppOptions(QCoreApplication::arguments());
+    if (read.exitCode)
+        return zt::endRun(read);
+    const zt::AppOptions& options = read.options;
+    zt::routeLogToQt(options.verbose);
 
     // Without HOME and XDG_DATA_HOME Qt's location lies under "/"; the
     // library's own rule then looks further or saves nothing.
@@ -92,22 +83,18 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
-    if (parser.isSet(sizeOption)) {
-        const QStringList size = parser.value(sizeOption).split('x');
-        if (size.size() == 2 && size[0].toInt() > 0 && size[1].toInt() > 0) {
-            window->resize(size[0].toInt(), size[1].toInt());
-        }
-    }
-    // A desktop session reopens the window where it was left. Runs without a
-    // display, and windows sized on the command line, neither read nor write
-    // that place.
-    if (headless || parser.isSet(screenshotOption) || parser.isSet(sizeOption)) {
+    // A desktop session reopens the window where it was left, at the size
+    // asked for on the command line if one was. Runs without a display
+    // neither read nor write that place.
+    if (headless || !options.screenshotDir.isEmpty()) {
+        if (options.size.isValid())
+            window->resize(options.size);
         window->show();
     } else {
         const auto path = zt::paths::dataDir() / "window.ini";
         auto* placement =
             new zt::WindowPlacement(window, QString::fromStdString(path.string()), &app);
-        placement->restoreAndShow();
+        placement->restoreAndShow(options.size);
     }
 
     auto whenLoaded = [tools](std::function<void()> action) {
@@ -121,23 +108,21 @@ int main(int argc, char* argv[]) {
         });
     };
 
-    if (parser.isSet(screenshotOption)) {
-        auto* runner =
-            new zt::ScreenshotRunner(window, tools, parser.value(screenshotOption), &app);
+    if (!options.screenshotDir.isEmpty()) {
+        auto* runner = new zt::ScreenshotRunner(window, tools, options.screenshotDir, &app);
         whenLoaded([runner] { runner->start(); });
     } else {
-        if (parser.isSet(selectTabOption)) {
-            const int tab = parser.value(selectTabOption).toInt();
+        if (options.selectTab) {
+            const int tab = *options.selectTab;
             whenLoaded([tools, tab] { tools->selectTab(tab); });
         }
-        if (parser.isSet(probeOption)) {
-            auto* probe =
-                new zt::ScreenProbe(window, tools, parser.value(probeOption).toInt(), &app);
+        if (options.probeMs) {
+            auto* probe = new zt::ScreenProbe(window, tools, *options.probeMs, &app);
             whenLoaded([probe] { probe->start(); });
         }
-        if (parser.isSet(quitAfterOption)) {
-            const int ms = static_cast<int>(parser.value(quitAfterOption).toDouble() * 1000);
-            const QString grab = parser.value(grabOption);
+        if (options.quitAfterMs) {
+            const int ms = *options.quitAfterMs;
+            const QString grab = options.grab;
             whenLoaded([window, ms, grab] {
                 QTimer::singleShot(ms, qApp, [window, grab] {
                     if (!grab.isEmpty())
@@ -146,7 +131,7 @@ int main(int argc, char* argv[]) {
                 });
             });
         }
-        if (parser.isSet(quitWhenLoadedOption)) {
+        if (options.quitWhenLoaded) {
             whenLoaded([] { QTimer::singleShot(200, qApp, &QCoreApplication::quit); });
         }
     }

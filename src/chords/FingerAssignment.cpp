@@ -185,20 +185,23 @@ FingerAssignment assignFingers(const std::array<std::int32_t, kStringCount>& fre
         }
     }
 
-    // Each higher fret: a barre there takes one finger for all its strings,
-    // then every other string pressed there takes its own, from the bass up.
+    // Each higher fret, from the bass up: a barre there takes one finger for
+    // all its strings where its first string comes, every other string
+    // pressed there its own. A finger thus never lies on the bass side of a
+    // lower-numbered one at the same fret, as a hand reaching across the
+    // neck places them.
     for (int fret = lowestFretted + 1; fret <= a.maxFret; ++fret) {
         const int barre = barreAt(a.barres, fret);
-        if (barre >= 0) {
-            for (int p = 0; p < played; ++p) {
-                if (frets[p] == fret && fingercode::isBarre(fingers[p]))
-                    fingers[p] = -4 - next;
-            }
-            a.barres.finger[barre] = next++;
-        }
         for (int p = 0; p < played; ++p) {
-            if (frets[p] == fret && fingers[p] == kUnassigned)
+            if (frets[p] != fret)
+                continue;
+            if (barre >= 0 && fingercode::isBarre(fingers[p])) {
+                if (a.barres.finger[barre] == 0)
+                    a.barres.finger[barre] = next++;
+                fingers[p] = -4 - a.barres.finger[barre];
+            } else if (fingers[p] == kUnassigned) {
                 fingers[p] = next++;
+            }
         }
     }
     a.fingerCount = next;

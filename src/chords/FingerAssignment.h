@@ -7,8 +7,9 @@
 // more; higher up, at most until two barres exist, a row with two or more
 // fretted strings beyond those already covered makes one, unless the hand
 // could not hold it (see the .cpp). Fingers are then numbered fret by fret
-// from the lowest: a barre takes one finger, each other fretted string its
-// own. A shape needing a fifth finger is marked unplayable.
+// from the lowest, and above the lowest fret from the bass string up: a
+// barre takes one finger, each other fretted string its own. A shape needing
+// a fifth finger is marked unplayable.
 
 #include <array>
 #include <cstdint>

@@ -14,9 +14,13 @@ namespace zt {
 
 static_assert(std::is_same_v<ALuint, unsigned int>);
 
-SoundEngine::SoundEngine() : al_(std::make_unique<AlContext>(kSampleRate)) {}
+SoundEngine::SoundEngine() : al_(std::make_unique<AlContext>(kSampleRate)) {
+    if (al_->valid())
+        watcher_ = std::thread(&SoundEngine::watchLoop, this);
+}
 
 SoundEngine::~SoundEngine() {
+    stopWatching();
     {
         std::lock_guard guard(streamMutex_);
         streams_.clear();
@@ -52,6 +56,11 @@ void SoundEngine::defineSourceGroups(const std::vector<int>& sizes) {
         return;
     auto alLock = al_->lock();
     deleteGroups();
+    groupSizes_ = sizes;
+    makeGroups(sizes);
+}
+
+void SoundEngine::makeGroups(const std::vector<int>& sizes) {
     alGetError();
     for (int size : sizes) {
         Group group;

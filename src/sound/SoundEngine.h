@@ -7,7 +7,9 @@
 //
 // Every operation may be called from any thread. Without an output device
 // the engine logs one line and every operation does nothing: loading reports
-// itself finished at once and playing is silent.
+// itself finished at once and playing is silent. When the device it had goes
+// away, the engine opens the default device again as soon as there is one,
+// with its sounds and groups as they were and its streams going on.
 
 #include <condition_variable>
 #include <cstdint>
@@ -102,6 +104,15 @@ private:
     };
 
     void loadLoop();
+    // Looks at the output device a few times a second and replaces it when
+    // it has gone (SoundEngineOutput.cpp).
+    void watchLoop();
+    void stopWatching();
+    // Under the OpenAL lock, on a device put in place of a lost one: the
+    // buffers and groups again (their old names went with the old device).
+    void rebuild();
+    // Under the OpenAL lock: appends groups of these sizes.
+    void makeGroups(const std::vector<int>& sizes);
     void load(const SoundRequest& request);
     // Under the OpenAL lock: stops and empties every source holding buffer.
     void detach(unsigned int buffer);
@@ -112,6 +123,7 @@ private:
     // Guarded by the OpenAL lock.
     std::map<int, Sound> sounds_;
     std::vector<Group> groups_;
+    std::vector<int> groupSizes_;
 
     mutable std::mutex loadMutex_;
     std::condition_variable loadWake_;
@@ -120,6 +132,11 @@ private:
     int completed_ = 0;
     bool quitting_ = false;
     std::thread loader_;
+
+    std::mutex watchMutex_;
+    std::condition_variable watchWake_;
+    bool watchQuit_ = false;
+    std::thread watcher_;
 
     mutable std::mutex streamMutex_;
     std::map<const StreamRenderer*, std::unique_ptr<StreamVoice>> streams_;

@@ -87,12 +87,18 @@ TEST(WindowPlacementTest, TheWindowReopensAsItWasLeft) {
         QRect opensAt;
         bool opensMaximized;
         QRect leftAt;  // invalid: left maximized
+        QSize asked;   // a size from the command line
     };
+    const QRect moved(60, 50, 310, 460);
     const Session sessions[] = {
-        {"", designed, false, left},
-        {"", left, false, {}},
-        {"", left, true, {}},
-        {"[Window]\ngeometry=junk\nmaximized=junk\n", designed, false, left},
+        {"", designed, false, left, {}},
+        {"", left, false, {}, {}},
+        {"", left, true, {}, {}},
+        // A size asked for opens normal at the remembered place; where the
+        // window is then left is remembered all the same.
+        {"", QRect(left.topLeft(), QSize(360, 500)), false, moved, QSize(360, 500)},
+        {"", moved, false, left, {}},
+        {"[Window]\ngeometry=junk\nmaximized=junk\n", designed, false, left, {}},
     };
     for (const Session& s : sessions) {
         if (!s.file.isEmpty()) {
@@ -102,7 +108,7 @@ TEST(WindowPlacementTest, TheWindowReopensAsItWasLeft) {
         QWindow window;
         window.resize(320, 480);
         WindowPlacement placement(&window, path);
-        placement.restoreAndShow();
+        placement.restoreAndShow(s.asked);
         QTest::qWait(20);
         EXPECT_EQ(bool(window.windowStates() & Qt::WindowMaximized), s.opensMaximized);
         if (s.opensAt == designed) {

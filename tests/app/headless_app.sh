@@ -50,6 +50,30 @@ ls "$ZEBTOOLS_DATA_DIR"/saveState.plist.corrupt* >/dev/null 2>&1 || fail "corrup
 grep -q "Buffers was loaded" "$work/log" || fail "cover did not lift after a corrupt file"
 echo "ok: corrupt state kept aside, defaults used"
 
+# --help and --version need no display; nonsense in the app's own options
+# ends the run at once with exit code 2 and a message.
+for option in --help --version; do
+    env -u QT_QPA_PLATFORM -u DISPLAY -u WAYLAND_DISPLAY "$app" "$option" > "$work/log" 2>&1 ||
+        fail "$option without a display exited with $?"
+    grep -q "zebtools" "$work/log" || fail "$option printed nothing useful"
+done
+touch "$work/a-file"
+while IFS='|' read -r option value; do
+    status=0
+    timeout 20 "$app" "$option" "$value" --quit-when-loaded > "$work/log" 2>&1 || status=$?
+    [ "$status" = 2 ] || fail "$option $value exited with $status, expected 2"
+    grep -q -- "$option\|$value" "$work/log" || fail "$option $value: no message naming it"
+done <<EOF2
+--quit-after|nan
+--quit-after|inf
+--quit-after|0
+--quit-after|-3
+--size|20000x20000
+--size|10x10
+--screenshot|$work/a-file/shots
+EOF2
+echo "ok: help and version without a display, nonsense refused"
+
 # Every tool renders.
 timeout 90 "$app" --screenshot "$work/shots" > "$work/log" 2>&1 || fail "screenshot run exited with $?"
 if grep -q "qrc:/ZebTools" "$work/log"; then fail "the views reported QML errors"; fi
@@ -58,4 +82,4 @@ for name in metronome chromatic-tuner brain-tuner chords tunings metronome-setti
 done
 echo "ok: screenshots rendered"
 [ ! -e "$ZEBTOOLS_DATA_DIR/window.ini" ] || fail "a run without a display wrote the window's place"
-echo "4 passed, 0 failed"
+echo "5 passed, 0 failed"

@@ -33,6 +33,9 @@ TEST(Generator, FamiliarShapesComeWithTheirFingersInTheirBassGroup) {
         {"Standard", "B", "m", "x 2 4 4 3 2", "x 1 3 4 2 1", "B", true},
         {"Standard", "C", "dim7", "x x 1 2 1 2", "x x 1 2 1 3", "C", true},
         {"Drop D", "D", "", "0 0 0 2 3 2", "0 0 0 1 2 1", "D", true},
+        // Above the lowest fret the fingers go from the bass up.
+        {"Standard", "C", "6", "5 3 5 5 5 5", "3 1 4 4 4 4", "A", false},
+        {"Standard", "C", "9", "x 3 2 3 3 3", "x 2 1 3 3 3", "C", false},
     };
     ChordLibrary library;
     for (const auto& row : rows) {
@@ -155,6 +158,13 @@ TEST(FingerAssignment, FingersAndBarresOfSingleShapes) {
         {"x x 2 3 5 x", "x x 1 2 4 x", {}},
         // ...and the two top frets by one when only the one below the top is.
         {"x x 2 4 5 x", "x x 1 3 4 x", {}},
+        // Above the lowest fret, fingers and barres take their numbers from
+        // the bass up: a string on the bass side of a barre at its fret
+        // comes first.
+        {"5 3 5 5 5 5", "3 1 4 4 4 4", {{5, 4, 4, 1}}},
+        {"12 10 10 12 12 12", "3 1 1 4 4 4", {{10, 1, 5, 4}, {12, 4, 3, 1}}},
+        {"x 3 1 3 3 3", "x 3 1 4 4 4", {{3, 4, 3, 1}}},
+        {"8 6 8 6 8 8", "2 1 3 1 4 4", {{6, 1, 5, 3}, {8, 4, 2, 1}}},
         // A higher barre with a bass-side string pressed above it is dropped.
         {"x 3 6 5 5 x", "x 1 4 2 3 x", {}},
     };
