@@ -45,10 +45,10 @@ Usage usage() {
 }
 
 // Beats of one run sit at start + k * 60 * rate / bpm, rounded. A run is
-// measured from the first beat taken after a restart was asked for, or from
-// a beat that does not follow the period. A restart that keeps the period
-// begins its grid at the last beat of the old run, itself rounded, so up to
-// one sample of error is exact timing; more would be drift.
+// measured from the first beat taken after a change was asked for, or from
+// a beat that does not follow the period. A new tempo begins its grid at the
+// last beat before it, itself rounded, so up to one sample of error is exact
+// timing; more would be drift.
 class GridCheck {
 public:
     explicit GridCheck(int rate) : rate_(rate) {}
@@ -162,7 +162,7 @@ int main(int argc, char** argv) {
         nextChange = now + std::chrono::milliseconds(pick(2000, 5000));
         ++changes;
         const int change = pick(0, 5);
-        const bool packOnly = change == 4;  // every other change restarts
+        const bool packOnly = change == 4;  // every other change moves the grid
         switch (change) {
             case 0:
             case 1:

@@ -26,6 +26,15 @@ ApplicationWindow {
         scale: window.designScale
         transformOrigin: Item.TopLeft
 
+        // Keys not taken by a control (a text field) go to the screen on
+        // show, and to no other. Ctrl and Alt chords are shortcuts.
+        focus: true
+        Keys.onPressed: event => {
+            const chord = Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier
+            if ((event.modifiers & chord) === 0 && window.tools.keyPressed(event.key))
+                event.accepted = true
+        }
+
         ColumnLayout {
             anchors.fill: parent
             spacing: 0

@@ -9,4 +9,11 @@ void Screen::setTitle(const QString& title) {
     emit titleChanged();
 }
 
+void Screen::setHasMediator(bool has) {
+    if (has == hasMediator_)
+        return;
+    hasMediator_ = has;
+    emit hasMediatorChanged();
+}
+
 }  // namespace zt

@@ -47,15 +47,29 @@ public:
     virtual void setTabBarIsVisible(bool) {}
     virtual bool offersSettings() const { return false; }
     Q_INVOKABLE virtual void openSettings() {}
+    // A key (a Qt::Key) pressed while the screen is on show; true when the
+    // screen used it. Only the screen on show hears keys.
+    virtual bool keyPressed(int key) {
+        (void)key;
+        return false;
+    }
+
+    // Whether the screen's mediator is registered (set by the mediator). The
+    // shell holds back the appear call of a screen that has a mediator until
+    // it is there, so that the screen can already ask for what it shows.
+    bool hasMediator() const { return hasMediator_; }
+    void setHasMediator(bool has);
 
 signals:
     void titleChanged();
+    void hasMediatorChanged();
     // The screen asks to be taken off the top of its navigation stack (its
     // own OK or Cancel, as the back button would).
     void backRequested();
 
 private:
     QString title_;
+    bool hasMediator_ = false;
 };
 
 }  // namespace zt

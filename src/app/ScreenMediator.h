@@ -26,11 +26,16 @@ public:
         if (screen_)
             screen_->setDelegate(static_cast<DelegateT*>(this));
         registered();
+        // Last: the shell may now tell the screen it appears.
+        if (screen_)
+            screen_->setHasMediator(true);
     }
 
     void onRemove() final {
-        if (screen_ && screen_->delegate() == static_cast<DelegateT*>(this))
+        if (screen_ && screen_->delegate() == static_cast<DelegateT*>(this)) {
             screen_->setDelegate(nullptr);
+            screen_->setHasMediator(false);
+        }
     }
 
 protected:

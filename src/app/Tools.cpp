@@ -21,6 +21,10 @@ Tools::Tools(const ScreenEngines& engines, QObject* parent)
                     goBack(tab);
             }
         });
+        connect(made, &Screen::hasMediatorChanged, this, [this, key] {
+            if (key == waitingToAppear_)
+                appear(key);
+        });
     }
     noticeTimer_.setSingleShot(true);
     connect(&noticeTimer_, &QTimer::timeout, this, &Tools::dismissNotice);
@@ -56,15 +60,40 @@ QString Tools::visibleScreen() const {
 }
 
 void Tools::willLeave(const QString& key) {
+    if (key != appeared_)
+        return;
     if (Screen* leaving = screen(key))
         leaving->viewWillDisappear();
 }
 
 void Tools::didLeave(const QString& leaving, const QString& showing) {
-    if (Screen* left = screen(leaving))
-        left->viewDidDisappear();
-    if (Screen* shown = screen(showing))
-        shown->viewWillAppear();
+    if (leaving == appeared_) {
+        appeared_.clear();
+        if (Screen* left = screen(leaving))
+            left->viewDidDisappear();
+    }
+    appear(showing);
+}
+
+void Tools::appear(const QString& key) {
+    waitingToAppear_.clear();
+    Screen* shown = screen(key);
+    if (!shown)
+        return;
+    const ScreenRow* row = screenRow(key.toStdString());
+    if (row && row->makeMediator && !shown->hasMediator()) {
+        waitingToAppear_ = key;
+        return;
+    }
+    appeared_ = key;
+    shown->viewWillAppear();
+}
+
+bool Tools::keyPressed(int key) {
+    if (!tabBarReady_ || loading_ || closed_ || appeared_ != visibleScreen())
+        return false;
+    Screen* shown = screen(appeared_);
+    return shown && shown->keyPressed(key);
 }
 
 // Each tab's root screen hears whether its tab is the one on show.
@@ -88,8 +117,7 @@ void Tools::createTabBar(int index) {
     tabBarReady_ = true;
     emit currentTabChanged();
     emit tabBarReadyChanged();
-    if (Screen* shown = screen(visibleScreen()))
-        shown->viewWillAppear();
+    appear(visibleScreen());
 }
 
 void Tools::buffersLoaded() {

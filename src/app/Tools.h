@@ -87,6 +87,9 @@ public:
     Q_INVOKABLE void goBack(int tab);
     Q_INVOKABLE void openTunings(int tab);
     Q_INVOKABLE void dismissNotice();
+    // A key from the window, for the screen on show only; true when it was
+    // used. Keys wait, as touches do, until the sounds have loaded.
+    Q_INVOKABLE bool keyPressed(int key);
     // Shows a tab without counting it as the user's choice (screenshots).
     void previewTab(int index) { setCurrentTab(index); }
 
@@ -106,8 +109,12 @@ private:
     void setCurrentTab(int index);
     void tellTabBarVisible(int index);
     // The appear and disappear calls around a change of the screen on show.
+    // A screen hears that it disappears only if it was told it appeared.
     void willLeave(const QString& key);
     void didLeave(const QString& leaving, const QString& showing);
+    // Tells the screen it appears, once its mediator (if its row has one)
+    // is registered.
+    void appear(const QString& key);
 
     ToolsDelegate* delegate_ = nullptr;
     AnalyticsLog* analytics_ = nullptr;
@@ -118,6 +125,10 @@ private:
     bool closed_ = false;
     int currentTab_ = 0;
     int selectedIndex_ = 0;
+    // The screen last told that it appears (and not yet that it is gone),
+    // and the one on show that still waits for its mediator.
+    QString appeared_;
+    QString waitingToAppear_;
     QString notice_;
     QTimer noticeTimer_;
 };

@@ -3,7 +3,7 @@
 // is taken back at once leaves the bar running. The application pauses the
 // metronome when its window loses focus and resumes it straight after, in
 // the same turn of the event loop; passed through, that pair would stop the
-// bar and start a new one a beat later. Here the pause's stop is held until
+// bar and start a new one in the middle of a beat. Here the pause's stop is held until
 // released, and a start of the same setup before that cancels both.
 // Everything else passes straight through.
 

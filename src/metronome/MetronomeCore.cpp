@@ -77,12 +77,16 @@ void MetronomeCore::setIsFirstBeatNeed(bool need) {
 void MetronomeCore::startMetronome() {
     if (isPlaying_)
         return;
+    startOutput();
+    isPlaying_ = true;
+}
+
+void MetronomeCore::startOutput() {
     tapTempo_.setReadyForDblClick();
     char line[48];
     std::snprintf(line, sizeof line, "DURATION: %f", 60.0f / setup_.beatsPerMinute());
     log(line);
     output_.start(setup_);
-    isPlaying_ = true;
 }
 
 void MetronomeCore::stopMetronome() {
@@ -96,8 +100,8 @@ void MetronomeCore::stopMetronome() {
 void MetronomeCore::restartMetronome() {
     if (!isPlaying_)
         return;
-    stopMetronome();
-    startMetronome();
+    tapTempo_.cancelRearm();
+    startOutput();
 }
 
 void MetronomeCore::endMetronome() {

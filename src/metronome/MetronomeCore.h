@@ -4,9 +4,11 @@
 // restart, pause and resume of the output that makes the sound. The screen
 // forwards its buttons here and shows what it reads back.
 //
-// Every change of tempo, time signature or subdivision restarts a running
-// metronome, so the bar starts again; a change of pack or accent does not,
-// the next tick already sounds the new way.
+// Every change of tempo, time signature or subdivision is handed to a running
+// output as it is made (see MetronomeOutput::start): a tempo takes over at
+// the next beat without breaking the bar, a time signature or subdivision
+// starts a new bar at once. A change of pack or accent only changes the sound
+// from the next tick on.
 
 #include <string>
 
@@ -54,11 +56,11 @@ public:
     void setCurrentPack(int packNumber);
     void setIsFirstBeatNeed(bool need);
 
-    // Start when stopped: a new bar, the first (plain) tick one beat later.
+    // Start when stopped: a new bar, its first beat at once.
     void startMetronome();
     // The stop button: when playing, stop.
     void stopMetronome();
-    // Only when playing: stop, then start again.
+    // Only when playing: hands the current settings to the running output.
     void restartMetronome();
     // Pause: when playing, stop and remember to resume.
     void endMetronome();
@@ -74,6 +76,8 @@ public:
     const TapTempo& tapTempo() const { return tapTempo_; }
 
 private:
+    void startOutput();
+
     MetronomeOutput& output_;
     MetronomeSetup setup_;
     TapTempo tapTempo_;

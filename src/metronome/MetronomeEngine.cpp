@@ -15,7 +15,7 @@ void MetronomeEngine::reset() {
     while (beats_.pop()) {
     }
     logic_ = TickLogic{};
-    pendingStart_.reset();
+    lastBeatFrame_.reset();
     mixer_.stopAll();
     expectedFrame_.reset();
     running_.store(false, std::memory_order_release);
@@ -49,43 +49,72 @@ void MetronomeEngine::applyCommands(std::int64_t frame) {
     while (auto command = commands_.pop()) {
         switch (command->kind) {
             case Command::Kind::Start:
-                if (logic_.isRunning()) {
-                    logic_.requestStop();
-                    pendingStart_ = command->setup;
-                } else {
-                    beginRun(frame, command->setup);
-                }
+                applyStart(frame, command->setup);
                 break;
             case Command::Kind::Stop:
                 if (logic_.isRunning())
                     logic_.requestStop();
-                pendingStart_.reset();
                 break;
             case Command::Kind::SetPack:
                 logic_.setCurrentPack(command->value);
-                if (pendingStart_)
-                    pendingStart_->setCurrentPack(command->value);
+                runSetup_.setCurrentPack(command->value);
                 break;
             case Command::Kind::SetAccent:
                 logic_.setIsFirstBeatNeed(command->value != 0);
-                if (pendingStart_)
-                    pendingStart_->isFirstBeatNeed = command->value != 0;
+                runSetup_.isFirstBeatNeed = command->value != 0;
                 break;
         }
     }
 }
 
+void MetronomeEngine::applyStart(std::int64_t frame, const MetronomeSetup& setup) {
+    const bool sameBar = setup.timeSig1Value == runSetup_.timeSig1Value &&
+                         setup.timeSig2Value == runSetup_.timeSig2Value &&
+                         setup.notesPerBeat == runSetup_.notesPerBeat;
+    if (!logic_.isRunning() || logic_.stopRequested() || !lastBeatFrame_ || !sameBar) {
+        beginRun(frame, setup);
+        return;
+    }
+    logic_.setCurrentPack(setup.packNumber);
+    logic_.setIsFirstBeatNeed(setup.isFirstBeatNeed);
+    const int bpm = setup.beatsPerMinute();
+    if (bpm != runSetup_.beatsPerMinute())
+        changeTempo(frame, bpm);
+    runSetup_ = setup;
+}
+
 void MetronomeEngine::beginRun(std::int64_t frame, const MetronomeSetup& setup) {
     logic_.start(setup);
-    const int bpm = setup.normalized().beatsPerMinute();
+    runSetup_ = setup;
+    lastBeatFrame_.reset();
+    const int bpm = setup.beatsPerMinute();
     beatGrid_ = BeatGrid(frame, sampleRate_, bpm, 1);
-    beatIndex_ = 1;
-    nextBeatFrame_ = beatGrid_.frameOf(beatIndex_);
+    beatIndex_ = 0;
+    nextBeatFrame_ = frame;
     hasSubdivision_ = logic_.subticksInBeatCount() > 0;
     if (hasSubdivision_) {
         subdivisionGrid_ = BeatGrid(frame, sampleRate_, bpm, logic_.subticksInBeatCount());
+        subdivisionIndex_ = 0;
+        nextSubdivisionFrame_ = frame;
+    }
+}
+
+void MetronomeEngine::changeTempo(std::int64_t frame, int bpm) {
+    // Both grids start one new period before the next beat, so that beat and
+    // the subdivisions still to come in the current beat fall on the new grid.
+    const std::int64_t period = BeatGrid(0, sampleRate_, bpm, 1).frameOf(1);
+    const std::int64_t anchor = std::max(*lastBeatFrame_, frame - period);
+    beatGrid_ = BeatGrid(anchor, sampleRate_, bpm, 1);
+    beatIndex_ = 1;
+    nextBeatFrame_ = beatGrid_.frameOf(beatIndex_);
+    if (hasSubdivision_) {
+        const int slots = logic_.subticksInBeatCount();
+        subdivisionGrid_ = BeatGrid(anchor, sampleRate_, bpm, slots);
         subdivisionIndex_ = 1;
+        while (subdivisionGrid_.frameOf(subdivisionIndex_) < frame)
+            ++subdivisionIndex_;
         nextSubdivisionFrame_ = subdivisionGrid_.frameOf(subdivisionIndex_);
+        logic_.setCurrentSubtickIndex(static_cast<int>(subdivisionIndex_ % slots));
     }
 }
 
@@ -100,6 +129,8 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
         subdivisionGrid_.shift(jump);
         nextBeatFrame_ += jump;
         nextSubdivisionFrame_ += jump;
+        if (lastBeatFrame_)
+            *lastBeatFrame_ += jump;
     }
     expectedFrame_ = firstFrame + frames;
     applyCommands(firstFrame);
@@ -127,12 +158,10 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
         if (tick.soundId != 0) {
             mixer_.play(tick.group, bank_.get(tick.soundId));
             // When nobody takes them the queue is full and beats are skipped.
-            if (beat)
+            if (beat) {
+                lastBeatFrame_ = at;
                 beats_.push({at, tick.soundId == logic_.sounds().tock});
-        }
-        if (tick.runEnded && pendingStart_) {
-            beginRun(at, *pendingStart_);
-            pendingStart_.reset();
+            }
         }
     }
     mixer_.mixInto(out + mixed, frames - mixed);

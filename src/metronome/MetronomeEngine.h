@@ -10,13 +10,14 @@
 // the block and never blocks or allocates.
 //
 // Timing: a start begins a new run at the first frame of the block that
-// picks it up, and its first beat, always a plain tick, comes one beat period
-// later. A start while a run is playing is a restart: the running bar is
-// asked to stop and the new run begins at the very sample where the old one
-// ends, that is, at its next beat or subdivision instant (which, without a
-// subdivision, still sounds its one last beat). The new first tick then
-// follows one new period later, so a change of tempo keeps the pulse going.
-// A stop lets the clicks already sounding ring out.
+// picks it up, and that very frame sounds the run's first beat, the first of
+// a bar. A start while a run plays is a change of that run. When it keeps the
+// time signature and the subdivision, the bar goes on: only the tempo moves,
+// from the next beat on, which comes one new period after the last beat
+// (at once, should that instant have passed already). Any other change begins
+// a new bar at once, its first beat on the first frame of the block. A start
+// after a stop was asked for begins a new run at once as well. A stop lets
+// the clicks already sounding ring out.
 
 #include <atomic>
 #include <cstdint>
@@ -87,7 +88,11 @@ private:
 
     void send(const Command& command);
     void applyCommands(std::int64_t frame);
+    void applyStart(std::int64_t frame, const MetronomeSetup& setup);
     void beginRun(std::int64_t frame, const MetronomeSetup& setup);
+    // Places the grids so that the next beat lies one period of bpm after
+    // lastBeatFrame_, and not before frame.
+    void changeTempo(std::int64_t frame, int bpm);
 
     int sampleRate_;
     ClickBank bank_;
@@ -97,7 +102,9 @@ private:
 
     // Render thread state.
     TickLogic logic_;
-    std::optional<MetronomeSetup> pendingStart_;
+    MetronomeSetup runSetup_{};
+    // The frame of the run's latest beat; empty until its first has sounded.
+    std::optional<std::int64_t> lastBeatFrame_;
     BeatGrid beatGrid_;
     BeatGrid subdivisionGrid_;
     bool hasSubdivision_ = false;

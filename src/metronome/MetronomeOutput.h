@@ -19,9 +19,10 @@ class MetronomeOutput {
 public:
     virtual ~MetronomeOutput() = default;
 
-    // Starts a new run: a new bar, the first (plain) tick one beat period
-    // later. A run still playing or finishing is stopped first and the new
-    // one begins where it ends.
+    // Starts a new run, its first beat (the first of a bar) at once. While a
+    // run plays, changes it instead: a new tempo alone moves the pulse from
+    // the next beat on and keeps the bar; a new time signature or subdivision
+    // begins a new bar at once.
     virtual void start(const MetronomeSetup& setup) = 0;
     // Asks the run to stop at its next instant (see TickLogic).
     virtual void stop() = 0;

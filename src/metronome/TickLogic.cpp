@@ -8,7 +8,6 @@ void TickLogic::start(const MetronomeSetup& setup) {
     timeSig1Value_ = s.timeSig1Value;
     isFirstBeatNeed_ = s.isFirstBeatNeed;
 
-    isFirstStart_ = true;
     isRunningSubTimer_ = false;
     timerDirectionNeedStop_ = false;
     timerSubdivisionNeedStop_ = false;
@@ -51,10 +50,6 @@ TickLogic::Tick TickLogic::mainTick() {
 }
 
 int TickLogic::playBeat() {
-    if (isFirstStart_) {
-        isFirstStart_ = false;
-        return sounds_.tick;
-    }
     int id = sounds_.tick;
     if (beatNumber_ == 1) {
         if (isFirstBeatNeed_ && timeSig1Value_ != 1)
@@ -68,6 +63,10 @@ int TickLogic::playBeat() {
         beatNumber_ = 1;
     }
     return id;
+}
+
+void TickLogic::setCurrentSubtickIndex(int slot) {
+    currentSubtickIndex_ = subticksInBeatCount_ > 0 ? slot % subticksInBeatCount_ : 0;
 }
 
 TickLogic::Tick TickLogic::subTick() {

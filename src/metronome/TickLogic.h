@@ -4,9 +4,9 @@
 // time; the scheduler calls mainTick() at every beat instant and subTick() at
 // every subdivision instant (beat first when both fall on the same sample).
 //
-// Accents: the first beat after a start is always a plain tick and leaves the
-// bar position at 1, so the accented bar start comes on the second beat and
-// every bar after. A numerator of 1 never accents.
+// Accents: a run starts on the first beat of a bar, so its very first beat is
+// the accented one (when the accent is on), and so is every bar start after
+// it. A numerator of 1 never accents.
 //
 // Stopping: requestStop() raises both stop requests. With a subdivision, the
 // next instant of either kind ends the run silently. Without one, the next
@@ -30,8 +30,8 @@ public:
         bool runEnded = false;
     };
 
-    // Begins a run: first-start tick pending, bar position 1, subdivision
-    // pattern set up, no stop requested.
+    // Begins a run: bar position 1, subdivision pattern set up at slot 0, no
+    // stop requested.
     void start(const MetronomeSetup& setup);
     void requestStop();
 
@@ -41,6 +41,9 @@ public:
 
     Tick mainTick();
     Tick subTick();
+    // The slot the next subTick() stands on: after a change of tempo the
+    // scheduler resumes the subdivision part-way through a beat.
+    void setCurrentSubtickIndex(int slot);
 
     // True from start() until an instant ends the run.
     bool isRunning() const { return beatTimer_ || subdivisionTimer_; }
@@ -58,7 +61,6 @@ private:
     bool isFirstBeatNeed_ = true;
 
     int beatNumber_ = 1;
-    bool isFirstStart_ = true;
     bool isRunningSubTimer_ = false;
     bool timerDirectionNeedStop_ = false;
     bool timerSubdivisionNeedStop_ = false;

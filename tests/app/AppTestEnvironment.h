@@ -6,11 +6,14 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "app/ScreenEngines.h"
+#include "app/Tools.h"
 #include "chords/RecordingChordOutput.h"
 #include "framework/Facade.h"
 #include "framework/Log.h"
@@ -18,6 +21,17 @@
 #include "framework/TickClock.h"
 #include "metronome/RecordingOutput.h"
 #include "tuners/RecordingToneOutput.h"
+
+// The application's main view over a launched shell, as the program loads
+// it; nullptr when it does not load. Not shown yet.
+inline QQuickWindow* loadMainWindow(QQmlApplicationEngine& engine, zt::Tools* tools) {
+    engine.addImportPath(QStringLiteral("qrc:/"));
+    engine.setInitialProperties({{"tools", QVariant::fromValue(tools)}});
+    engine.load(QUrl(QStringLiteral("qrc:/ZebTools/app/Main.qml")));
+    return engine.rootObjects().isEmpty()
+               ? nullptr
+               : qobject_cast<QQuickWindow*>(engine.rootObjects().first());
+}
 
 class AppTestEnvironment : public ::testing::Test {
 protected:

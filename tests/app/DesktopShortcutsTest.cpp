@@ -31,11 +31,7 @@ protected:
         delegate_.launch(engines_);
         ASSERT_TRUE(loop_.runUntil([&] { return !tools().loading(); }, std::chrono::seconds(20)));
         engine_ = std::make_unique<QQmlApplicationEngine>();
-        engine_->addImportPath(QStringLiteral("qrc:/"));
-        engine_->setInitialProperties({{"tools", QVariant::fromValue(&tools())}});
-        engine_->load(QUrl(QStringLiteral("qrc:/ZebTools/app/Main.qml")));
-        ASSERT_FALSE(engine_->rootObjects().isEmpty());
-        window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().first());
+        window_ = loadMainWindow(*engine_, &tools());
         ASSERT_TRUE(window_);
         (new WindowPlacement(window_, windowFile(), window_))->restoreAndShow();
         window_->requestActivate();

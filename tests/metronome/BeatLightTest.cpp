@@ -33,9 +33,9 @@ TEST(RenderedBeats, FramesAndAccentsOfEachBeat) {
         frames.push_back(beat->frame);
         accents.push_back(beat->accented);
     }
-    // The first beat after a start is plain; bars begin on the second.
-    EXPECT_EQ(frames, (std::vector<std::int64_t>{24000, 48000, 72000, 96000, 120000}));
-    EXPECT_EQ(accents, (std::vector<bool>{false, true, false, false, true}));
+    // The run starts on the accented first beat of a bar, at its first frame.
+    EXPECT_EQ(frames, (std::vector<std::int64_t>{0, 24000, 48000, 72000, 96000, 120000}));
+    EXPECT_EQ(accents, (std::vector<bool>{true, false, false, true, false, false}));
     // Without click samples the output is silent from the end of the block
     // holding that instant (frame 132000, a subdivision after the last beat).
     EXPECT_TRUE(engine.isSilent());

@@ -3,8 +3,11 @@
 
 #include <cmath>
 #include <cstdio>
+#include <functional>
+#include <optional>
 
 #include "ClickTrack.h"
+#include "metronome/SubdivisionPattern.h"
 
 namespace zt::test {
 namespace {
@@ -26,15 +29,16 @@ TEST_P(BeatIntervals, EveryBeatLandsOnItsSample) {
     engine.start(setupAt(c.tempo, 4, 1, c.denominator));
     const int beats = 12;
     Render render(engine);
-    render.to(idealFrame(beats, 1, c.playedBpm) + 1);
+    render.to(idealFrame(beats - 1, 1, c.playedBpm) + 1);
 
+    // The first beat on the very first sample of the run.
     const auto& onsets = render.onsets();
     ASSERT_EQ(onsets.size(), size_t(beats));
     const double period = 60.0 * kRate / c.playedBpm;
-    for (int k = 1; k <= beats; ++k) {
-        EXPECT_EQ(onsets[k - 1].frame, idealFrame(k, 1, c.playedBpm)) << "beat " << k;
-        if (k > 1) {
-            EXPECT_NEAR(double(onsets[k - 1].frame - onsets[k - 2].frame), period, 1.0) << k;
+    for (int k = 0; k < beats; ++k) {
+        EXPECT_EQ(onsets[k].frame, idealFrame(k, 1, c.playedBpm)) << "beat " << k;
+        if (k > 0) {
+            EXPECT_NEAR(double(onsets[k].frame - onsets[k - 1].frame), period, 1.0) << k;
         }
     }
 }
@@ -69,12 +73,12 @@ TEST_P(SubdivisionSlots, ClicksSitExactlyOnTheirSlots) {
     const int bpm = setup.beatsPerMinute();
     const int beats = 9;
     Render render(engine, {97, 256, 1031});
-    render.to(idealFrame(beats + 1, 1, bpm));
+    render.to(idealFrame(beats, 1, bpm));
 
-    // Beats on every beat instant from the first; subdivisions only after it.
+    // Beats on every beat instant from the start, each bar of four accented.
     std::vector<Onset> expected;
-    for (int beat = 1; beat <= beats; ++beat) {
-        expected.push_back({idealFrame(beat, 1, bpm), beat == 2 || beat == 6 ? kTock : kTick});
+    for (int beat = 0; beat < beats; ++beat) {
+        expected.push_back({idealFrame(beat, 1, bpm), beat % 4 == 0 ? kTock : kTick});
         for (int slot : c.heard) {
             expected.push_back(
                 {idealFrame(std::int64_t(beat) * c.slots + slot, c.slots, bpm), kSub});
@@ -103,7 +107,7 @@ struct AccentCase {
 
 class Accents : public ::testing::TestWithParam<AccentCase> {};
 
-TEST_P(Accents, FollowTheBarFromTheSecondBeat) {
+TEST_P(Accents, FollowTheBarFromTheFirstBeat) {
     const auto c = GetParam();
     SyntheticClicks clicks;
     MetronomeEngine engine(kRate, clicks.bank());
@@ -111,66 +115,137 @@ TEST_P(Accents, FollowTheBarFromTheSecondBeat) {
     setup.isFirstBeatNeed = c.accent;
     engine.start(setup);
     Render render(engine);
-    render.to(idealFrame(int(c.heard.size()), 1, 240) + 1);
+    render.to(idealFrame(int(c.heard.size()) - 1, 1, 240) + 1);
     std::string heard;
     for (const auto& o : render.onsets())
         heard += o.soundId == kTock ? 'A' : o.soundId == kTick ? 'T' : '?';
     EXPECT_EQ(heard, c.heard);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Bars, Accents,
-    ::testing::Values(AccentCase{4, true, "TATTTATTTATTT"}, AccentCase{2, true, "TATATATA"},
-                      AccentCase{3, true, "TATTATTAT"}, AccentCase{1, true, "TTTTTTTT"},
-                      AccentCase{4, false, "TTTTTTTTT"},
-                      AccentCase{16, true, "TA" + std::string(15, 'T') + "A"}));
+INSTANTIATE_TEST_SUITE_P(Bars, Accents,
+                         ::testing::Values(AccentCase{4, true, "ATTTATTTATTTA"},
+                                           AccentCase{2, true, "ATATATAT"},
+                                           AccentCase{3, true, "ATTATTATT"},
+                                           AccentCase{1, true, "TTTTTTTT"},
+                                           AccentCase{4, false, "TTTTTTTTT"},
+                                           AccentCase{16, true, "A" + std::string(15, 'T') + "A"}));
 
-// Stop and restart at 60 beats per minute (one beat = 44100 frames), 4/4.
+// Heard from when a command is given: a letter per click, '-' for a slot
+// that stays silent. T tick, A accent, S subdivision.
+std::vector<Onset> clicksOf(const std::string& heard, const std::function<std::int64_t(int)>& at) {
+    std::vector<Onset> out;
+    for (size_t i = 0; i < heard.size(); ++i) {
+        if (heard[i] != '-')
+            out.push_back({at(int(i)), heard[i] == 'A' ? kTock : heard[i] == 'S' ? kSub : kTick});
+    }
+    return out;
+}
+
+// 4/4 at 60 beats per minute from frame 0 (one beat = 44100 frames), in
+// blocks of 441, up to the moment a test gives its command.
+template <class Case>
+class WhilePlaying : public ::testing::TestWithParam<Case> {
+protected:
+    std::int64_t playUntil(int pattern, double seconds) {
+        engine.start(setupAt(60, 4, pattern));
+        const auto frame = std::int64_t(seconds * kRate);
+        render.to(frame);
+        return frame;
+    }
+
+    SyntheticClicks clicks;
+    MetronomeEngine engine{kRate, clicks.bank()};
+    Render render{engine, {441}};
+};
+
+// Stop, start and changes of the bar, given while the bar plays.
 struct TransportCase {
     const char* name;
     int pattern;
-    double actAtBeats;  // when the command is given, in beats
-    int restartTempo;   // 0: a plain stop
-    double firstHeard;  // in beats, then every half beat:
-    std::string heard;  // T tick, A accent, S subdivision
+    double actAt;                         // seconds
+    bool stop;                            // a stop is asked first
+    std::optional<MetronomeSetup> start;  // then a start with this setup
+    double firstHeard;                    // seconds, then one click every
+    double step;                          // step seconds, up to 10 s:
+    std::string heard;
 };
 
-class Transport : public ::testing::TestWithParam<TransportCase> {};
+class Transport : public WhilePlaying<TransportCase> {};
 
-TEST_P(Transport, StopAndRestartSoundAsDocumented) {
+TEST_P(Transport, StopStartAndNewBarsSoundAsDocumented) {
     const auto c = GetParam();
-    SyntheticClicks clicks;
-    MetronomeEngine engine(kRate, clicks.bank());
-    engine.start(setupAt(60, 4, c.pattern));
-    const auto actAt = std::int64_t(c.actAtBeats * kRate);
-    Render render(engine, {441});
-    render.to(actAt);
-    engine.stop();
-    if (c.restartTempo)
-        engine.start(setupAt(c.restartTempo, 4, c.pattern));
+    const std::int64_t actAt = playUntil(c.pattern, c.actAt);
+    if (c.stop)
+        engine.stop();
+    if (c.start)
+        engine.start(*c.start);
     render.to(10 * kRate);
 
-    std::vector<Onset> expected;
-    for (size_t i = 0; i < c.heard.size(); ++i) {
-        const int id = c.heard[i] == 'A' ? kTock : c.heard[i] == 'S' ? kSub : kTick;
-        expected.push_back({std::llround((c.firstHeard + 0.5 * i) * kRate), id});
-    }
+    const auto expected =
+        clicksOf(c.heard, [&](int i) { return std::llround((c.firstHeard + c.step * i) * kRate); });
     EXPECT_EQ(render.onsetsFrom(actAt), expected);
-    EXPECT_EQ(engine.isRunning(), c.restartTempo != 0);
+    EXPECT_EQ(engine.isRunning(), c.start.has_value());
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Commands, Transport,
     ::testing::Values(
         // Without subdivision the next beat still sounds, once.
-        TransportCase{"StopPlaysOneLastBeat", 1, 2.5, 0, 3.0, "T"},
+        TransportCase{"StopPlaysOneLastBeat", 1, 2.5, true, {}, 3.0, 1.0, "T"},
         // With one, the next instant of either kind ends it silently.
-        TransportCase{"StopBeforeASubdivision", 2, 2.25, 0, 0, ""},
-        TransportCase{"StopBeforeABeat", 2, 2.75, 0, 0, ""},
-        // A restart begins where the old run ends: a new bar, plain first
-        // tick one new period later.
-        TransportCase{"RestartAfterLastBeat", 1, 2.5, 120, 3.0, "TTATTTATTTATTT"},
-        TransportCase{"RestartWithSubdivision", 2, 2.25, 60, 3.5, "TSASTSTSTSAST"}),
+        TransportCase{"StopBeforeASubdivision", 2, 2.25, true, {}, 0, 0, ""},
+        TransportCase{"StopBeforeABeat", 2, 2.75, true, {}, 0, 0, ""},
+        // A start, or a new time signature or pattern, sounds a new bar at once.
+        TransportCase{"StartAfterStopIsABarAtOnce", 1, 2.5, true, setupAt(60), 2.5, 1.0,
+                      "ATTTATTT"},
+        TransportCase{"NewSignatureIsABarAtOnce", 2, 2.25, false, setupAt(60, 3, 2), 2.25, 0.5,
+                      "ASTSTSASTSTSASTS"},
+        TransportCase{"NewPatternIsABarAtOnce", 1, 2.5, false, setupAt(60, 4, 3), 2.5, 1.0 / 3,
+                      "ASSTSSTSSTSSASSTSSTSSTS"},
+        // The same settings again change nothing.
+        TransportCase{"SameSetupGoesOn", 1, 2.5, false, setupAt(60), 3.0, 1.0, "TATTTAT"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// A new tempo while the bar plays: the bar goes on, and
+// the next beat comes one new period after the last (at once when that is
+// past). Clicks from the command on lie on the new grid, which starts one
+// new period before the next beat (anchor).
+struct TempoChangeCase {
+    const char* name;
+    int pattern;
+    int tempo;      // the new tempo
+    double actAt;   // seconds
+    double anchor;  // seconds
+    int firstSlot;  // the first slot heard after the anchor
+    std::string heard;
+};
+
+class TempoChange : public WhilePlaying<TempoChangeCase> {};
+
+TEST_P(TempoChange, TakesOverAtTheNextBeatWithoutANewBar) {
+    const auto c = GetParam();
+    const std::int64_t actAt = playUntil(c.pattern, c.actAt);
+    const MetronomeSetup changed = setupAt(c.tempo, 4, c.pattern);
+    engine.start(changed);
+    const int slots = std::max(subdivisionPattern(c.pattern).slotsPerBeat, 1);
+    const auto anchor = std::llround(c.anchor * kRate);
+    const auto expected = clicksOf(c.heard, [&](int i) {
+        return idealFrame(c.firstSlot + i, slots, changed.beatsPerMinute(), anchor);
+    });
+    render.to(expected.back().frame + 1);
+    EXPECT_EQ(render.onsetsFrom(actAt), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tempos, TempoChange,
+    ::testing::Values(TempoChangeCase{"FasterAfterOneNewBeat", 1, 120, 2.25, 2.0, 1, "TATTTA"},
+                      TempoChangeCase{"SlowerAfterOneNewBeat", 1, 30, 2.25, 2.0, 1, "TATTT"},
+                      TempoChangeCase{"MuchFasterAtOnce", 1, 240, 2.5, 2.25, 1, "TATTTATTTA"},
+                      TempoChangeCase{"EighthsOnTheNewGrid", 2, 120, 2.25, 2.0, 1, "STSASTSTSTSA"},
+                      TempoChangeCase{"TripletsSlower", 3, 90, 2.5, 2.0, 3, "TSSASSTSSTSST"},
+                      TempoChangeCase{"ShuffleResumesMidBeat", 6, 120, 2.2, 2.0, 2,
+                                      "ST-SA-ST-ST-ST-SA"},
+                      TempoChangeCase{"SlightlySlower", 1, 45, 2.5, 2.0, 1, "TATTTA"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST(LiveChanges, PackAndAccentTakeEffectAtTheNextTickWithoutRestart) {
@@ -207,7 +282,7 @@ TEST_P(LongRun, DoesNotDriftInTenMinutes) {
     const int bpm = setup.beatsPerMinute();
     const double slot = 60.0 * kRate / (bpm * 3.0);
     double worst = 0.0;
-    std::int64_t slotIndex = 3;
+    std::int64_t slotIndex = 0;
     for (const auto& o : render.onsets()) {
         ASSERT_EQ(o.frame, idealFrame(slotIndex, 3, bpm)) << "slot " << slotIndex;
         worst = std::max(worst, std::abs(o.frame - slotIndex * slot));

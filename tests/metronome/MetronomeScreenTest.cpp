@@ -121,7 +121,7 @@ TEST_F(MetronomeScreenTest, TurningTheWheelShowsRowsUntilOneIsChosen) {
     EXPECT_TRUE(output.calls.empty());
     screen.selectRow(90);
     EXPECT_EQ(screen.row(), 90);
-    EXPECT_EQ(output.calls, (std::vector<std::string>{"stop", "start 1-2-4-1-1-0-90"}));
+    EXPECT_EQ(output.calls, (std::vector<std::string>{"start 1-2-4-1-1-0-90"}));
     screen.showWheelRow(95);
     screen.viewWillDisappear();
     EXPECT_EQ(screen.tempoDigits(), (QStringList{"1", "1", "0"}));

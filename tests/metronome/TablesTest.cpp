@@ -114,23 +114,25 @@ TEST(SubdivisionTable, SlotsAndMaskOfEveryPattern) {
 }
 
 // At 60 beats per minute in 4/4 with no subdivision (a beat every 44100
-// frames), the tempo wheel moves to 120 at 2.5 beats; what follows is given
-// to the core `after` blocks of 441 frames later, still before beat 3, where
-// the running bar ends. Onsets from the change on.
+// frames, bars from frame 0), the tempo wheel moves to 120 at 2.5 beats: one
+// new period after the beat at 2.0, so the next beat (the bar's 4th) sounds
+// at once. What follows is given to the core `after` blocks of 441 frames
+// later. Onsets from the change on.
 struct LateCommand {
     const char* name;
     int after;  // blocks after the tempo change
     void (*act)(MetronomeCore&);
     std::vector<Onset> heard;  // every onset before 4.5 beats
+    bool running;              // still running at 8 beats
 };
 
-class DuringARestart : public ::testing::TestWithParam<LateCommand> {
+class AfterATempoChange : public ::testing::TestWithParam<LateCommand> {
 protected:
     void SetUp() override { setLogQuiet(true); }
     void TearDown() override { setLogQuiet(false); }
 };
 
-TEST_P(DuringARestart, TheLastCommandDecides) {
+TEST_P(AfterATempoChange, TheLastCommandDecides) {
     const auto& c = GetParam();
     SyntheticClicks clicks;
     MetronomeEngine engine(kRate, clicks.bank());
@@ -147,43 +149,61 @@ TEST_P(DuringARestart, TheLastCommandDecides) {
     render.to(std::int64_t(4.5 * kRate));
     EXPECT_EQ(render.onsetsFrom(change), c.heard);
     render.to(8 * kRate);
-    EXPECT_EQ(engine.isRunning(), c.heard.size() > 1);
+    EXPECT_EQ(engine.isRunning(), c.running);
 }
 
-// The old bar's one last beat at 3.0; a new run at 120 then ticks every
-// 22050 frames from 3.5, its bar accented from its second tick. The pack,
-// changed without a restart, already sounds in that last beat.
-const std::int64_t kEnd = 3 * kRate;
+const std::int64_t kChange = 5 * kRate / 2;
 const std::int64_t kHalf = kRate / 2;
+const std::int64_t kQuarter = kRate / 4;
 
 INSTANTIATE_TEST_SUITE_P(
-    Commands, DuringARestart,
+    Commands, AfterATempoChange,
     ::testing::Values(
-        LateCommand{
-            "StopInTheSameBlock", 0, [](MetronomeCore& m) { m.stopMetronome(); }, {{kEnd, 51}}},
-        LateCommand{"StopLaterInTheSameBeat",
+        // Without subdivision a stop still lets the next beat sound, once.
+        LateCommand{"StopInTheSameBlock",
+                    0,
+                    [](MetronomeCore& m) { m.stopMetronome(); },
+                    {{kChange, 51}},
+                    false},
+        LateCommand{"StopLaterInTheBeat",
                     20,
                     [](MetronomeCore& m) { m.stopMetronome(); },
-                    {{kEnd, 51}}},
-        LateCommand{
-            "PauseInTheSameBlock", 0, [](MetronomeCore& m) { m.endMetronome(); }, {{kEnd, 51}}},
-        LateCommand{"PackReachesTheNewRun",
+                    {{kChange, 51}, {kChange + kHalf, 52}},
+                    false},
+        LateCommand{"PauseInTheSameBlock",
+                    0,
+                    [](MetronomeCore& m) { m.endMetronome(); },
+                    {{kChange, 51}},
+                    false},
+        LateCommand{"PackFromTheNextBeat",
                     0,
                     [](MetronomeCore& m) { m.setCurrentPack(4); },
-                    {{kEnd, 60}, {kEnd + kHalf, 60}, {kEnd + 2 * kHalf, 61}}},
-        LateCommand{"AccentOffReachesTheNewRun",
+                    {{kChange, 60},
+                     {kChange + kHalf, 61},
+                     {kChange + 2 * kHalf, 60},
+                     {kChange + 3 * kHalf, 60}},
+                    true},
+        LateCommand{"AccentOffFromTheNextBar",
                     10,
                     [](MetronomeCore& m) { m.setIsFirstBeatNeed(false); },
-                    {{kEnd, 51}, {kEnd + kHalf, 51}, {kEnd + 2 * kHalf, 51}}},
-        LateCommand{"TempoAgainTakesTheLatest",
+                    {{kChange, 51},
+                     {kChange + kHalf, 51},
+                     {kChange + 2 * kHalf, 51},
+                     {kChange + 3 * kHalf, 51}},
+                    true},
+        // 240 a minute: one new period after the beat at 2.5, the bar going on.
+        LateCommand{"TempoAgainOneNewPeriodOn",
                     5,
                     [](MetronomeCore& m) { m.selectRow(220); },
-                    {{kEnd, 51},
-                     {kEnd + kRate / 4, 51},
-                     {kEnd + kRate / 2, 52},
-                     {kEnd + 3 * kRate / 4, 51},
-                     {kEnd + kRate, 51},
-                     {kEnd + 5 * kRate / 4, 51}}}),
+                    {{kChange, 51},
+                     {kChange + kQuarter, 52},
+                     {kChange + 2 * kQuarter, 51},
+                     {kChange + 3 * kQuarter, 51},
+                     {kChange + 4 * kQuarter, 51},
+                     {kChange + 5 * kQuarter, 52},
+                     {kChange + 6 * kQuarter, 51},
+                     {kChange + 7 * kQuarter, 51}},
+                    true}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

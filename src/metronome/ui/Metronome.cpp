@@ -155,6 +155,30 @@ void Metronome::stopMetronome() {
     playingUpdated();
 }
 
+bool Metronome::keyPressed(int key) {
+    switch (key) {
+        case Qt::Key_Space:
+            startStop();
+            return true;
+        case Qt::Key_T:
+            tap();
+            return true;
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            plus();
+            return true;
+        case Qt::Key_Minus:
+        case Qt::Key_Underscore:
+            minus();
+            return true;
+        case Qt::Key_Escape:
+            closePanel();
+            return true;
+        default:
+            return false;
+    }
+}
+
 void Metronome::tap() {
     if (core_.tap())
         rowUpdated();

@@ -97,8 +97,9 @@ public:
     Q_INVOKABLE void selectRow(int row);
     Q_INVOKABLE void showWheelRow(int row);
 
-    // Choices from the panels; each closes the panel and restarts a running
-    // metronome. A value that is not offered changes nothing.
+    // Choices from the panels; each closes the panel, and a running metronome
+    // starts a new bar with it at once. A value that is not offered changes
+    // nothing.
     Q_INVOKABLE void chooseNumerator(int numerator);
     Q_INVOKABLE void chooseDenominator(int denominator);
     Q_INVOKABLE void choosePattern(int pattern);
@@ -114,6 +115,9 @@ public:
     void viewWillDisappear() override;
     void viewDidDisappear() override;
     void setTabBarIsVisible(bool visible) override;
+    // Space starts and stops, T taps, + and - step the tempo, Escape closes
+    // the choice panel.
+    bool keyPressed(int key) override;
     // Pause: when playing, stop and remember to resume.
     void endMetronome();
     // Resume after a pause. Right after endMetronome, in the same turn of the

@@ -22,7 +22,7 @@ public:
     virtual std::string currentState() const = 0;
     // The saved keys plus "state".
     virtual Dictionary currentSettings() const = 0;
-    // Applies a preset dictionary; a running metronome restarts.
+    // Applies a preset dictionary; a running metronome takes it over.
     virtual void setSettingsFromDictionary(const Dictionary& preset) = 0;
     virtual void restartMetronome() = 0;
     virtual bool isPlaying() const = 0;

@@ -90,7 +90,7 @@ public:
     // Saves the metronome's settings, so changes made here are kept.
     void viewWillDisappear() override;
 
-    // Flips the first-beat accent and restarts a running metronome.
+    // Flips the first-beat accent; a running metronome accents from its next bar.
     Q_INVOKABLE void toggleAccent();
     // Row 1 to 5 of the pack section. The next click uses the pack; a
     // stopped metronome plays one tick of it as a sample.

@@ -22,7 +22,7 @@ public:
     // Appends a preset (settings plus "name") and writes the presets file.
     virtual void saveCurrentState(const Dictionary& preset) = 0;
     virtual void removePresetWithIndex(int index) = 0;
-    // Applies preset index to the metronome (a running one restarts).
+    // Applies preset index to the metronome (a running one takes it over).
     virtual void setMetronomePresetTo(int index) = 0;
 };
 

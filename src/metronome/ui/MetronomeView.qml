@@ -28,24 +28,6 @@ Rectangle {
     readonly property real startHeight: 52
 
     color: Theme.background
-    focus: true
-
-    onVisibleChanged: if (visible) forceActiveFocus()
-    Component.onCompleted: forceActiveFocus()
-
-    Keys.onPressed: event => {
-        switch (event.key) {
-        case Qt.Key_Space: view.screen.startStop(); break
-        case Qt.Key_T: view.screen.tap(); break
-        case Qt.Key_Plus:
-        case Qt.Key_Equal: view.screen.plus(); break
-        case Qt.Key_Minus:
-        case Qt.Key_Underscore: view.screen.minus(); break
-        case Qt.Key_Escape: view.screen.closePanel(); break
-        default: return
-        }
-        event.accepted = true
-    }
 
     TempoDisplay {
         id: display

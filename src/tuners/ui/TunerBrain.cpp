@@ -148,6 +148,13 @@ void TunerBrain::viewWillAppear() {
     emit highlightsChanged();
 }
 
+bool TunerBrain::keyPressed(int key) {
+    if (key < Qt::Key_1 || key > Qt::Key_6)
+        return false;
+    pressed(key - Qt::Key_0);
+    return true;
+}
+
 void TunerBrain::viewDidDisappear() {
     stopAllSounds();
     // Silenced, no string is looping any more: the next touch plays.

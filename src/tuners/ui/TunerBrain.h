@@ -91,6 +91,8 @@ public:
 
     // Pauses music and the metronome, takes the current tuning afresh.
     void viewWillAppear() override;
+    // The number keys 1 to 6 touch strings 1 to 6.
+    bool keyPressed(int key) override;
     // Silences every string; resumes music unless setButtonMode said not to.
     void viewDidDisappear() override;
 

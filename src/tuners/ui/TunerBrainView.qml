@@ -23,17 +23,6 @@ Rectangle {
     readonly property var gauges: [10, 13, 17, 26, 36, 46]
 
     color: Theme.background
-    focus: true
-
-    onVisibleChanged: if (visible) forceActiveFocus()
-    Component.onCompleted: forceActiveFocus()
-
-    Keys.onPressed: event => {
-        if (event.key >= Qt.Key_1 && event.key <= Qt.Key_6) {
-            view.screen.pressed(event.key - Qt.Key_0)
-            event.accepted = true
-        }
-    }
 
     // The panels are drawn under their contents, not around them: a
     // rounded box is a layer under the software renderer, and whatever it

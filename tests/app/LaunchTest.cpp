@@ -1,0 +1,122 @@
+// The app launched on each tab, with a tuning other than the standard one
+// saved: the tab shows what a tab switch to it would show, and in the real
+// window the keys reach the tool on show and no other.
+#include <gtest/gtest.h>
+
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+#include <QtTest/QTest>
+#include <memory>
+
+#include "AppTestEnvironment.h"
+#include "app/ApplicationFacade.h"
+#include "app/Screens.h"
+#include "app/Tools.h"
+#include "app/ZebToolsAppDelegate.h"
+#include "framework/View.h"
+#include "state/StateProxy.h"
+#include "tuners/TuningCatalogue.h"
+
+using namespace zt;
+
+namespace {
+
+struct LaunchCase {
+    int tab;
+    // Properties of the tab's root screen that show the tuning, and what
+    // they read with Open G (D2 G2 D3 G3 B3 D4), lists joined by spaces.
+    std::vector<std::pair<const char*, std::string>> shown;
+};
+
+class LaunchTest : public AppTestEnvironment, public ::testing::WithParamInterface<LaunchCase> {
+protected:
+    void SetUp() override {
+        AppTestEnvironment::SetUp();
+        ApplicationFacade::getInstance();
+        int openG = 0;
+        while (tunings::catalogue()[size_t(openG)].name != "Open G")
+            ++openG;
+        {
+            auto state = makeProxy<StateProxy>();
+            state->saveCommonState({{"Tuning", openG}});
+            state->saveSelectedViewController(GetParam().tab);
+        }
+        View::getInstance().registerObserver(
+            "StopMusic",
+            Observer::withNotifyMethod([this](const Notification&) { ++stopMusic_; }, this));
+        delegate_.launch(engines_);
+        launchStopMusic_ = stopMusic_;
+        ASSERT_TRUE(loop_.runUntil([&] { return !tools().loading(); }, std::chrono::seconds(20)));
+    }
+    void TearDown() override {
+        engine_.reset();
+        AppTestEnvironment::TearDown();
+    }
+
+    Tools& tools() { return *delegate_.tools(); }
+    Screen* root() { return tools().screen(QString::fromUtf8(toolTabs()[size_t(tab())].root)); }
+    int tab() const { return GetParam().tab; }
+    std::string shown(const char* name) {
+        return root()->property(name).toStringList().join(' ').toStdString();
+    }
+
+    void showWindow() {
+        engine_ = std::make_unique<QQmlApplicationEngine>();
+        window_ = loadMainWindow(*engine_, &tools());
+        ASSERT_TRUE(window_);
+        window_->show();
+        window_->requestActivate();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+    }
+
+    ZebToolsAppDelegate delegate_;
+    std::unique_ptr<QQmlApplicationEngine> engine_;
+    QQuickWindow* window_ = nullptr;
+    int stopMusic_ = 0;
+    int launchStopMusic_ = 0;
+};
+
+TEST_P(LaunchTest, TheSavedTabShowsWhatATabSwitchShows) {
+    ASSERT_EQ(tools().currentTab(), tab());
+    for (const auto& [name, expected] : GetParam().shown)
+        EXPECT_EQ(shown(name), expected) << name;
+
+    // Away and back, as a user would.
+    tools().selectTab((tab() + 1) % 4);
+    const int before = stopMusic_;
+    tools().selectTab(tab());
+    EXPECT_EQ(launchStopMusic_, stopMusic_ - before) << "\"StopMusic\" as often as on a switch";
+    for (const auto& [name, expected] : GetParam().shown)
+        EXPECT_EQ(shown(name), expected) << name << " after a switch";
+}
+
+TEST_P(LaunchTest, KeysReachOnlyTheToolOnShowFromTheFirstFrame) {
+    showWindow();
+    using Calls = std::vector<std::string>;
+    const bool metronome = tab() == MetronomeTab;
+    QTest::keyClick(window_, Qt::Key_Space);
+    EXPECT_EQ(output_.calls.size(), metronome ? 1u : 0u);
+    QTest::keyClick(window_, Qt::Key_Space);
+    const Calls startStop = {"start 1-2-4-1-1-0-60", "stop"};
+    EXPECT_EQ(output_.calls, metronome ? startStop : Calls());
+
+    // The 6th string of Open G is D2, two semitones under the recorded E2.
+    QTest::keyClick(window_, Qt::Key_6);
+    const Calls sixth = {"play 6 -2 once"};
+    EXPECT_EQ(tones_.calls, tab() == BrainTab ? sixth : Calls());
+    // A control's shortcut is not a key for the tool.
+    tones_.calls.clear();
+    QTest::keyClick(window_, Qt::Key_5, Qt::AltModifier);
+    EXPECT_TRUE(tones_.calls.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tabs, LaunchTest,
+    ::testing::Values(LaunchCase{MetronomeTab, {{"title", "Metronome"}}},
+                      LaunchCase{ChromaticTab, {{"slotLetters", "D G D G B D"}}},
+                      LaunchCase{BrainTab,
+                                 {{"tuningName", "Open G"}, {"noteNames", "D B G D G D"}}},
+                      LaunchCase{ChordsTab, {{"tuningName", "Open G"}}}),
+    [](const auto& info) { return std::string(toolTabs()[size_t(info.param.tab)].item); });
+
+}  // namespace
