@@ -42,6 +42,7 @@ class FinePDA final : public FourierPDA {
 public:
     static constexpr double kGateRatio = 1.0 / 8.0;
     static constexpr double kMinClarity = 0.5;
+    static constexpr int kGridDivisions = 6;
 
     explicit FinePDA(const TaperSettings& settings);
     static FinePDA& getInstance(const TaperSettings& settings);
@@ -64,8 +65,14 @@ private:
     // partial.
     bool partialNear(double target, double spacing, int number, Partial& partial) const;
     void findPartials(double coarse);
-    // Numbers the partials as harmonics of the coarsest grid multiple they
-    // all stand on; returns that multiple.
+    // Whether every decisive partial stands on a multiple of `multiple` (of
+    // the grid), and near that multiple of `fundamental` if one is given.
+    bool standOn(int multiple, double fundamental = 0.0) const;
+    // Whether a multiple of `multiple` below the period's fundamental holds
+    // a partial of some strength.
+    bool soundsBelow(int multiple) const;
+    // Numbers the partials as harmonics of the fundamental chosen among the
+    // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();
     // Classic spectrum magnitude per unit of B's magnitudes.
     double classicScale(std::size_t blockLength);
@@ -81,6 +88,7 @@ private:
         std::size_t lobeBins = 0;
     } search_;
     double clarity_ = 0.0;
+    double periodLag_ = 0.0;
     double sampleRate_ = 8000.0;
 
     const SignalWindow* scaleWindow_ = nullptr;
