@@ -5,8 +5,7 @@
 // part (a Hann window of 8192 samples, a transform of 65536 points, peaks
 // refined by a parabola through log magnitudes, and the stiff-string fit),
 // since a sampled instrument is not tuned exactly to its nominal pitch.
-// Noise (white or pink) is added with a seed per note, at a power the given
-// number of decibels under the note's mean power from 0.3 to 2 s.
+// Noise (white or pink) is added with a seed per note.
 
 #include <cmath>
 #include <cstdint>
@@ -18,6 +17,7 @@
 #include <vector>
 
 #include "dsp/HarmonicFit.h"
+#include "dsp/PluckedString.h"
 #include "dsp/RealTransform.h"
 
 namespace zt::bench {
@@ -139,43 +139,14 @@ inline std::vector<SampledNote> loadSampledSet(const std::string& dir) {
     return notes;
 }
 
-// Pink noise by Paul Kellet's filter of white noise; `snrDb` under the
-// note's mean power from 0.3 to 2 s.
+// The note with white or pink noise `snrDb` under its mean power from 0.3
+// to 2 s.
 inline std::vector<double> withNoise(const SampledNote& note, bool pink, double snrDb,
                                      unsigned seed) {
     std::vector<double> out = note.signal;
-    const std::size_t from = note.onset + 2400;
-    const std::size_t to = std::min(out.size(), note.onset + 16000);
-    double power = 0.0;
-    for (std::size_t i = from; i < to; ++i)
-        power += out[i] * out[i];
-    power /= static_cast<double>(to - from);
     std::mt19937 random(seed);
-    std::normal_distribution<double> white(0.0, 1.0);
-    std::vector<double> noise(out.size());
-    double b[7] = {};
-    for (double& n : noise) {
-        const double w = white(random);
-        if (!pink) {
-            n = w;
-            continue;
-        }
-        b[0] = 0.99886 * b[0] + w * 0.0555179;
-        b[1] = 0.99332 * b[1] + w * 0.0750759;
-        b[2] = 0.96900 * b[2] + w * 0.1538520;
-        b[3] = 0.86650 * b[3] + w * 0.3104856;
-        b[4] = 0.55000 * b[4] + w * 0.5329522;
-        b[5] = -0.7616 * b[5] - w * 0.0168980;
-        n = b[0] + b[1] + b[2] + b[3] + b[4] + b[5] + b[6] + w * 0.5362;
-        b[6] = w * 0.115926;
-    }
-    double noisePower = 0.0;
-    for (double n : noise)
-        noisePower += n * n;
-    noisePower /= static_cast<double>(noise.size());
-    const double gain = std::sqrt(power * std::pow(10.0, -snrDb / 10.0) / noisePower);
-    for (std::size_t i = 0; i < out.size(); ++i)
-        out[i] += gain * noise[i];
+    testing::addNoise(out, note.onset + 2400, std::min(out.size(), note.onset + 16000), snrDb,
+                      random, pink);
     return out;
 }
 

@@ -15,8 +15,10 @@ constexpr double kOnsetRatio = 0.05;
 // the power at B's end.
 constexpr std::size_t kStretch = 32;
 constexpr double kStartShare = 0.1;
-// A note that has sounded for less than this gives no pitch yet.
-constexpr std::size_t kMinNoteSamples = 320;
+// A note that has sounded for less than this gives no pitch yet: two
+// periods of the lowest string read (35 Hz), as fewer periods of a low
+// string with a weak fundamental look like its octave.
+constexpr std::size_t kMinNoteSamples = 460;
 // Narrowest band of the noise estimate, bins (94 Hz at 8000 Hz).
 constexpr std::size_t kNoiseBand = 24;
 }  // namespace
