@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -50,6 +51,57 @@ inline double quantile(std::vector<double> values, double q) {
     std::sort(values.begin(), values.end());
     const auto at = static_cast<std::size_t>(std::min(q * values.size(), values.size() - 1.0));
     return values[at];
+}
+
+// Readings from 0.3 to 2 s after the onset against the truth.
+struct Tally {
+    std::vector<double> good;  // |cents| of readings within 50 cents
+    long frames = 0, readings = 0, gross = 0;
+    std::vector<double> onsets;  // s
+    int neverSettled = 0;
+    long earlyReadings = 0, earlyGross = 0;  // in the first 0.3 s
+};
+
+inline void score(Tally& tally, const std::vector<Reading>& readings, double onset, double truth) {
+    double settled = -1.0;
+    for (const auto& r : readings) {
+        const double t = r.time - onset;
+        const bool pitch = r.frequency > 0.0;
+        const double error = pitch ? centsOff(r.frequency, truth) : 0.0;
+        if (settled < 0.0 && t >= 0.0 && pitch && std::fabs(error) <= 5.0)
+            settled = t;
+        if (t >= 0.0 && t < 0.3 && pitch) {
+            ++tally.earlyReadings;
+            tally.earlyGross += std::fabs(error) > 50.0;
+        }
+        if (t < 0.3 || t > 2.0)
+            continue;
+        ++tally.frames;
+        if (!pitch)
+            continue;
+        ++tally.readings;
+        if (std::fabs(error) > 50.0) {
+            ++tally.gross;
+        } else {
+            tally.good.push_back(std::fabs(error));
+        }
+    }
+    if (settled < 0.0) {
+        ++tally.neverSettled;
+    } else {
+        tally.onsets.push_back(settled);
+    }
+}
+
+inline void printRow(const char* detector, const char* set, const char* noise, const Tally& t) {
+    std::printf(
+        "| %-8s | %-13s | %-5s | %6.2f | %6.2f | %6.2f %% | %5.1f %% | %4.0f / %4.0f ms | %3d | "
+        "%5.2f %% |\n",
+        detector, set, noise, quantile(t.good, 0.5), quantile(t.good, 0.95),
+        t.readings ? 100.0 * t.gross / t.readings : 0.0,
+        t.frames ? 100.0 * t.readings / t.frames : 0.0, 1000.0 * quantile(t.onsets, 0.5),
+        1000.0 * quantile(t.onsets, 0.95), t.neverSettled,
+        t.earlyReadings ? 100.0 * t.earlyGross / t.earlyReadings : 0.0);
 }
 
 }  // namespace zt::bench

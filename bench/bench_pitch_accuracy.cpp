@@ -16,11 +16,13 @@
 // within 5 cents.
 
 #include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "PitchHarness.h"
+#include "PitchSet.h"
 #include "dsp/FinePDA.h"
 #include "dsp/NotationFacade.h"
 #include "dsp/OvertonePDA.h"
@@ -30,6 +32,9 @@
 namespace {
 
 using namespace zt;
+using bench::printRow;
+using bench::score;
+using bench::Tally;
 
 constexpr int kRate = 8000;
 constexpr double kBefore = 0.5;
@@ -48,45 +53,6 @@ double noteFrequency(const std::string& token) {
                 .getFrequency();
     }
     return 0.0;
-}
-
-struct Tally {
-    std::vector<double> good;  // |cents| of readings within 50 cents
-    long frames = 0, readings = 0, gross = 0;
-    std::vector<double> onsets;  // s
-    int neverSettled = 0;
-    long earlyReadings = 0, earlyGross = 0;  // in the first 0.3 s
-};
-
-void score(Tally& tally, const std::vector<bench::Reading>& readings, double onset, double truth) {
-    double settled = -1.0;
-    for (const auto& r : readings) {
-        const double t = r.time - onset;
-        const bool pitch = r.frequency > 0.0;
-        const double error = pitch ? bench::centsOff(r.frequency, truth) : 0.0;
-        if (settled < 0.0 && t >= 0.0 && pitch && std::fabs(error) <= 5.0)
-            settled = t;
-        if (t >= 0.0 && t < 0.3 && pitch) {
-            ++tally.earlyReadings;
-            tally.earlyGross += std::fabs(error) > 50.0;
-        }
-        if (t < 0.3 || t > 2.0)
-            continue;
-        ++tally.frames;
-        if (!pitch)
-            continue;
-        ++tally.readings;
-        if (std::fabs(error) > 50.0) {
-            ++tally.gross;
-        } else {
-            tally.good.push_back(std::fabs(error));
-        }
-    }
-    if (settled < 0.0) {
-        ++tally.neverSettled;
-    } else {
-        tally.onsets.push_back(settled);
-    }
 }
 
 std::vector<double> stringSet(bool openStrings) {
@@ -135,15 +101,50 @@ Tally runStrings(FourierPDA& detector, const std::vector<double>& notes, double 
     return tally;
 }
 
-void printRow(const char* detector, const char* set, const char* noise, const Tally& t) {
-    std::printf(
-        "| %-8s | %-13s | %-5s | %6.2f | %6.2f | %6.2f %% | %5.1f %% | %4.0f / %4.0f ms | %3d | "
-        "%5.2f %% |\n",
-        detector, set, noise, bench::quantile(t.good, 0.5), bench::quantile(t.good, 0.95),
-        t.readings ? 100.0 * t.gross / t.readings : 0.0,
-        t.frames ? 100.0 * t.readings / t.frames : 0.0, 1000.0 * bench::quantile(t.onsets, 0.5),
-        1000.0 * bench::quantile(t.onsets, 0.95), t.neverSettled,
-        t.earlyReadings ? 100.0 * t.earlyGross / t.earlyReadings : 0.0);
+// The sampled set in groups of instruments; guitars split into the programs
+// the detector was tuned on and those held out.
+void runSampled(const char* name, FourierPDA& detector,
+                const std::vector<bench::SampledNote>& set) {
+    const struct {
+        const char* name;
+        bool (*member)(const bench::SampledNote&);
+    } groups[] = {
+        {"guitars, dev",
+         [](const bench::SampledNote& n) {
+             return n.program >= 24 && n.program <= 31 && !n.heldOut;
+         }},
+        {"guitars, held",
+         [](const bench::SampledNote& n) {
+             return n.program >= 24 && n.program <= 31 && n.heldOut;
+         }},
+        {"basses", [](const bench::SampledNote& n) { return n.program >= 32 && n.program <= 39; }},
+        {"piano", [](const bench::SampledNote& n) { return n.program == 0; }},
+        {"violin", [](const bench::SampledNote& n) { return n.program == 40; }},
+    };
+    const struct {
+        const char* name;
+        bool pink;
+        double snr;
+    } noises[] = {{"clean", false, 1000.0},
+                  {"white 20", false, 20.0},
+                  {"white 10", false, 10.0},
+                  {"pink 20", true, 20.0},
+                  {"pink 10", true, 10.0}};
+    for (const auto& g : groups) {
+        for (const auto& n : noises) {
+            Tally tally;
+            unsigned seed = 1;
+            for (const auto& note : set) {
+                if (!g.member(note))
+                    continue;
+                const auto signal =
+                    n.snr < 100.0 ? bench::withNoise(note, n.pink, n.snr, seed++) : note.signal;
+                score(tally, bench::readAll(detector, testing::toSamples(signal)),
+                      static_cast<double>(note.onset) / kRate, note.truth);
+            }
+            printRow(name, g.name, n.name, tally);
+        }
+    }
 }
 
 void sines(const char* name, FourierPDA& detector) {
@@ -172,7 +173,7 @@ void sines(const char* name, FourierPDA& detector) {
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
     const TaperSettings window(kDefaultWindow);
     FinePDA fine(window);
     OvertonePDA overtone(window);
@@ -206,5 +207,26 @@ int main() {
     std::printf("\n");
     for (const auto& d : detectors)
         sines(d.name, *d.detector);
+
+    const char* env = std::getenv("ZT_PITCH_SET");
+    const std::string dir = argc > 1 ? argv[1] : env ? env : "build/pitch-set";
+    const auto sampled = bench::loadSampledSet(dir);
+    if (sampled.empty()) {
+        std::printf(
+            "\nNo sampled-instrument set in %s: render it with tools/make-pitch-set (needs "
+            "freepats and timidity), or name its folder as the argument or in ZT_PITCH_SET.\n",
+            dir.c_str());
+        return 0;
+    }
+    std::printf(
+        "\nSampled instruments (%zu notes from %s; truth measured from the partials; noise "
+        "under the note's mean power)\n\n",
+        sampled.size(), dir.c_str());
+    std::printf(
+        "| detector | notes | noise | median cents | p95 cents | gross | readings | onset median "
+        "/ p95 | never | gross in the first 0.3 s |\n");
+    std::printf("|---|---|---|---|---|---|---|---|---|---|\n");
+    for (const auto& d : detectors)
+        runSampled(d.name, *d.detector, sampled);
     return 0;
 }

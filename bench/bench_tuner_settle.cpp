@@ -71,11 +71,12 @@ double settleTime(bool classic, int string, double hertz, double cents, int phas
     auto capture = std::make_shared<testing::FakeCapture>();
     auto proxy = makeProxy<MainFrequerncyProxy>(capture);
     f.registerProxy(proxy);
-    proxy->setClassicDetection(classic);
-    proxy->setTresholdPercent(10);
     TunerChromatic screen;
     f.registerMediator(makeMediator<TunerChromaticMediator>(&screen));
     proxy->initVariables({});
+    // After the saved settings, which choose the fine detector.
+    proxy->setClassicDetection(classic);
+    proxy->setTresholdPercent(10);
     proxy->startAudioSession();
 
     std::vector<Swing> swings;

@@ -15,8 +15,12 @@ constexpr double kOnsetRatio = 0.05;
 // the power at B's end.
 constexpr std::size_t kStretch = 32;
 constexpr double kStartShare = 0.1;
-// A note that has sounded for less than this gives no pitch yet.
-constexpr std::size_t kMinNoteSamples = 320;
+// A note that has sounded for less than this gives no pitch yet: two
+// periods of the lowest string read (35 Hz), as fewer periods of a low
+// string with a weak fundamental look like its octave.
+constexpr std::size_t kMinNoteSamples = 460;
+// Narrowest band of the noise estimate, bins (94 Hz at 8000 Hz).
+constexpr std::size_t kNoiseBand = 24;
 }  // namespace
 
 bool BlockViews::load(std::span<const std::int16_t> block) {
@@ -116,12 +120,36 @@ bool BlockViews::viewNoteOnly(const std::int16_t* samples) {
     return true;
 }
 
-float BlockViews::noise(std::size_t lowBin) {
-    std::size_t count = 0;
-    for (std::size_t k = lowBin; k < kBins; k += 4)
-        sampled_[count++] = magnitudes_[k];
-    std::nth_element(sampled_.begin(), sampled_.begin() + count / 2, sampled_.begin() + count);
-    return sampled_[count / 2];
+void BlockViews::estimateNoise(std::size_t lowBin) {
+    // Lower quartile to median of a Rayleigh distribution:
+    // sqrt(ln 2 / -ln(3/4)).
+    constexpr double kQuartileToMedian = 1.5524;
+    std::size_t previous = lowBin;
+    double previousLevel = -1.0;
+    for (std::size_t start = lowBin; start < kBins;) {
+        std::size_t width = std::max(kNoiseBand, start / 4);
+        if (start + 2 * width > kBins)
+            width = kBins - start;
+        std::copy(magnitudes_.begin() + static_cast<std::ptrdiff_t>(start),
+                  magnitudes_.begin() + static_cast<std::ptrdiff_t>(start + width),
+                  sampled_.begin());
+        const auto quartile = sampled_.begin() + static_cast<std::ptrdiff_t>(width / 4);
+        std::nth_element(sampled_.begin(), quartile,
+                         sampled_.begin() + static_cast<std::ptrdiff_t>(width));
+        const double level = *quartile * kQuartileToMedian;
+        const std::size_t centre = start + width / 2;
+        if (previousLevel < 0.0)
+            previousLevel = level;
+        for (std::size_t k = previous; k < centre; ++k)
+            noise_[k] = static_cast<float>(
+                previousLevel + (level - previousLevel) * static_cast<double>(k - previous) /
+                                    static_cast<double>(centre - previous));
+        previous = centre;
+        previousLevel = level;
+        start += width;
+    }
+    std::fill(noise_.begin() + static_cast<std::ptrdiff_t>(previous), noise_.end(),
+              static_cast<float>(previousLevel));
 }
 
 }  // namespace zt

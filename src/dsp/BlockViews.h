@@ -54,9 +54,14 @@ public:
         transform_.inverse(bins, values);
     }
 
-    // The median magnitude from lowBin up (sampled every fourth bin): the
-    // noise of one bin.
-    float noise(std::size_t lowBin);
+    // The noise under each bin from lowBin up, as the median magnitude of
+    // noise alone would read: the lower quartile of bands a quarter of an
+    // octave wide (at least kNoiseBand bins), which partials standing at
+    // most every other main lobe do not reach, scaled to the median of a
+    // Rayleigh distribution, and interpolated between the bands' centres.
+    // Coloured noise (pink, a fan's hum) is then judged where it lies.
+    void estimateNoise(std::size_t lowBin);
+    float noise(std::size_t k) const { return noise_[k]; }
 
 private:
     void transform(const std::int16_t* samples, std::array<std::complex<float>, kBins>& raw,
@@ -69,7 +74,8 @@ private:
     std::array<double, kView + 1> squares_{};
     std::array<std::complex<float>, kBins> rawA_{}, rawB_{}, hannA_{}, hannB_{};
     std::array<float, kBins> magnitudes_{};
-    std::array<float, kBins / 4 + 1> sampled_{};
+    std::array<float, kBins> sampled_{};
+    std::array<float, kBins> noise_{};
     std::size_t lag_ = 0;
     bool steady_ = false;
     std::size_t noteLength_ = kView;

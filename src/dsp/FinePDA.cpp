@@ -19,11 +19,9 @@ constexpr double kLowest = 35.0;
 constexpr double kHighest = 2100.0;
 // Partials are looked for below this share of the sample rate.
 constexpr double kPartialLimit = 0.4875;
-// Partials are first sought at every multiple of this fraction of the
+// Partials are first sought at every multiple of a kGridDivisions-th of the
 // period's fundamental, up to kProbed times that fundamental.
-constexpr int kGridDivisions = 6;
-constexpr int kProbed = 8;
-constexpr int kDecisive = 4;
+constexpr int kProbed = 4;
 // A peak counts as a partial when it stands this far above the noise and
 // within this ratio of the strongest...
 constexpr double kFloorOverNoise = 4.0;
@@ -32,9 +30,6 @@ constexpr double kFloorOverStrongest = 3e-3;
 // within a main lobe and a half of it (Hann side lobes are under -31 dB; a
 // Hann window of n samples has a main lobe 4 / n of the rate wide).
 constexpr double kLobeShare = 0.05;
-// Off the fundamental's multiples, only a peak this strong against the
-// strongest partial says that the fundamental lies lower.
-constexpr double kCertainShare = 0.03;
 // A partial whose view A holds less than this share of its magnitude in B
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
@@ -82,6 +77,7 @@ bool FinePDA::findPeriod(double& coarse) {
     if (!period)
         return false;
     clarity_ = period->clarity;
+    periodLag_ = period->lag;
     coarse = sampleRate_ / period->lag;
     return clarity_ >= kMinClarity;
 }
@@ -127,7 +123,9 @@ bool FinePDA::partialNear(double target, double spacing, int number, Partial& pa
         std::max_element(magnitudes.begin() + first, magnitudes.begin() + last + 1) -
         magnitudes.begin());
     const double peak = magnitudes[k];
-    if (peak < search_.floor || peak < magnitudes[k - 1] || peak < magnitudes[k + 1])
+    const double noise = std::max<double>(views_.noise(k), search_.noise);
+    if (peak < std::max(kFloorOverNoise * noise, search_.floor) || peak < magnitudes[k - 1] ||
+        peak < magnitudes[k + 1])
         return false;
     const std::size_t lobe = search_.lobeBins;
     const auto near = std::max_element(magnitudes.begin() + std::max(k, lobe) - lobe,
@@ -136,7 +134,7 @@ bool FinePDA::partialNear(double target, double spacing, int number, Partial& pa
         return false;
     partial = {number, 0.0, 0.0, peak};
     // A peak nearer another multiple belongs to that one.
-    return measurePartial(k, search_.noise, partial) &&
+    return measurePartial(k, noise, partial) &&
            std::fabs(partial.frequency - target) < 0.5 * spacing;
 }
 
@@ -146,8 +144,9 @@ void FinePDA::findPartials(double coarse) {
     const auto lowBin = static_cast<std::size_t>(kLowest * 0.8 / binHz);
     const double strongest = *std::max_element(magnitudes.begin() + lowBin, magnitudes.end());
     // The noise of one bin, never quite zero.
-    search_.noise = std::max<double>(views_.noise(lowBin), 1e-6 * strongest);
-    search_.floor = std::max(kFloorOverNoise * search_.noise, kFloorOverStrongest * strongest);
+    views_.estimateNoise(lowBin);
+    search_.noise = 1e-6 * strongest;
+    search_.floor = kFloorOverStrongest * strongest;
     search_.lobeBins = 6 * kTransform / views_.noteLength();
     const double limit = kPartialLimit * sampleRate_;
 
@@ -159,23 +158,23 @@ void FinePDA::findPartials(double coarse) {
     fit_.clear();
     Partial partial;
     for (int slot = 1; slot <= kProbed * kGridDivisions; ++slot) {
-        const double target = fit_.size() > 0 ? fit_.predict(slot) : slot * grid;
+        const double target = slot * grid;
         if (target > limit)
             break;
-        if (partialNear(target, grid, slot, partial)) {
+        if (partialNear(target, grid, slot, partial))
             fit_.add(partial);
-            fit_.solve();
-        }
     }
     if (fit_.size() == 0)
         return;
     const int divisor = settleHarmonicNumbers();
+    if (fit_.size() == 0)
+        return;
 
     // 2. The partials above, on the fundamental's own multiples.
     for (int h = kProbed * kGridDivisions / divisor + 1; fit_.size() < HarmonicFit::kCapacity;
          ++h) {
         const double target = fit_.predict(h);
-        if (target > limit)
+        if (!(target <= limit))
             break;
         if (partialNear(target, fit_.f0(), h, partial)) {
             fit_.add(partial);
@@ -194,40 +193,6 @@ void FinePDA::findPartials(double coarse) {
         }
     }
     fit_.solve();
-}
-
-int FinePDA::settleHarmonicNumbers() {
-    // The fundamental is the coarsest multiple of the grid on which all
-    // decisive partials stand: a faint peak off it (noise, most likely) does
-    // not count, nor does one above kDecisive times the period's
-    // fundamental, where the multiples searched lie so close that a partial
-    // may be taken for its neighbour's. Peaks off the new grid are dropped.
-    double strongest = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongest = std::max(strongest, fit_[i].amplitude);
-    int divisor = 1;
-    for (bool regrouped = true; regrouped;) {
-        regrouped = false;
-        for (int d : {2, 3}) {
-            int decisive = 0, onGrid = 0;
-            for (std::size_t i = 0; i < fit_.size(); ++i) {
-                const Partial& p = fit_[i];
-                if (p.amplitude >= kCertainShare * strongest &&
-                    p.harmonic * divisor <= kDecisive * kGridDivisions) {
-                    ++decisive;
-                    onGrid += p.harmonic % d == 0;
-                }
-            }
-            if (decisive > 0 && onGrid == decisive) {
-                fit_.regroup(d);
-                divisor *= d;
-                regrouped = true;
-                break;
-            }
-        }
-    }
-    fit_.solve();
-    return divisor;
 }
 
 void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t sampleRate) {

@@ -12,16 +12,18 @@
 //      partial wherever it lies between bins; where A does not hold the
 //      partial yet (a note that has just begun) from a parabola through the
 //      log magnitudes of B.
-//   3. Harmonic numbers: the fundamental is the finest multiple of the
-//      search grid on which all partials stand. Half the period's
-//      fundamental when odd multiples hold partials (a strong second partial
-//      over a weak fundamental fools the period), twice or three times it
-//      when partials stand only on every second or third multiple.
+//   3. Harmonic numbers (FinePDAHarmonics.cpp): the period's fundamental,
+//      unless the clear partials off its multiples lie close to those of a
+//      half, third or sixth of it, one of them below it, and the block
+//      repeats after that longer period as well (a strong second partial
+//      over a weak fundamental fools the period); twice or three times it
+//      when partials stand only on every second or third multiple. Each peak
+//      is judged against the noise of its own quarter octave.
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
 //      each weighed by its measurement's noise and by how far partials above
 //      the first stray from the law; the result is the first partial.
 // No pitch when the strongest partial is under the gate, the block is not
-// periodic enough, or a note has sounded for less than 40 ms.
+// periodic enough, or a note has sounded for less than 58 ms.
 //
 // Sensitivity: the gate is the classic threshold lowered by kGateRatio, as
 // the clarity test rejects noise that the classic detector can only keep out
@@ -42,6 +44,7 @@ class FinePDA final : public FourierPDA {
 public:
     static constexpr double kGateRatio = 1.0 / 8.0;
     static constexpr double kMinClarity = 0.5;
+    static constexpr int kGridDivisions = 6;
 
     explicit FinePDA(const TaperSettings& settings);
     static FinePDA& getInstance(const TaperSettings& settings);
@@ -64,8 +67,14 @@ private:
     // partial.
     bool partialNear(double target, double spacing, int number, Partial& partial) const;
     void findPartials(double coarse);
-    // Numbers the partials as harmonics of the coarsest grid multiple they
-    // all stand on; returns that multiple.
+    // Whether every decisive partial stands on a multiple of `multiple` (of
+    // the grid), and near that multiple of `fundamental` if one is given.
+    bool standOn(int multiple, double fundamental = 0.0) const;
+    // Whether a multiple of `multiple` below the period's fundamental holds
+    // a partial of some strength.
+    bool soundsBelow(int multiple) const;
+    // Numbers the partials as harmonics of the fundamental chosen among the
+    // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();
     // Classic spectrum magnitude per unit of B's magnitudes.
     double classicScale(std::size_t blockLength);
@@ -81,6 +90,7 @@ private:
         std::size_t lobeBins = 0;
     } search_;
     double clarity_ = 0.0;
+    double periodLag_ = 0.0;
     double sampleRate_ = 8000.0;
 
     const SignalWindow* scaleWindow_ = nullptr;

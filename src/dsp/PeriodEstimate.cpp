@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace zt {
 
@@ -16,6 +17,12 @@ struct KeyMaximum {
 
 constexpr std::size_t kMaxKeys = 64;
 
+double nsdf(const float* autocorrelation, const double* squares, std::size_t length,
+            std::size_t lag) {
+    const double m = squares[length - lag] + squares[length] - squares[lag];
+    return m > 0.0 ? 2.0 * autocorrelation[lag] / m : 0.0;
+}
+
 }  // namespace
 
 std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const double* squares,
@@ -25,10 +32,7 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
     if (squares[length] <= 0.0 || minLag < 1 || minLag >= maxLag)
         return std::nullopt;
 
-    auto nsdf = [&](std::size_t lag) {
-        const double m = squares[length - lag] + squares[length] - squares[lag];
-        return m > 0.0 ? 2.0 * autocorrelation[lag] / m : 0.0;
-    };
+    auto n = [&](std::size_t lag) { return nsdf(autocorrelation, squares, length, lag); };
 
     // Key maxima: one per positive lobe after the lobe at lag 0.
     std::array<KeyMaximum, kMaxKeys> keys{};
@@ -37,7 +41,7 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
     bool inLobe = false;
     KeyMaximum best{0, 0.0};
     for (std::size_t lag = 1; lag <= maxLag + 1 && keyCount < kMaxKeys; ++lag) {
-        const double value = nsdf(lag);
+        const double value = n(lag);
         if (!pastFirstLobe) {
             pastFirstLobe = value <= 0.0;
             continue;
@@ -65,8 +69,8 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
     double highest = 0.0;
     for (std::size_t i = 0; i < keyCount; ++i) {
         KeyMaximum& key = keys[i];
-        const double left = nsdf(key.lag - 1);
-        const double right = nsdf(key.lag + 1);
+        const double left = n(key.lag - 1);
+        const double right = n(key.lag + 1);
         const double curvature = left - 2.0 * key.value + right;
         key.lagShift =
             curvature < 0.0 ? std::clamp(0.5 * (left - right) / curvature, -0.5, 0.5) : 0.0;
@@ -77,6 +81,27 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
         std::find_if(keys.data(), keys.data() + keyCount,
                      [&](const KeyMaximum& key) { return key.peakValue >= keyRatio * highest; });
     return PeriodEstimate{static_cast<double>(chosen->lag) + chosen->lagShift, chosen->peakValue};
+}
+
+double repetitionNear(const float* autocorrelation, const double* squares, std::size_t length,
+                      double lag) {
+    const auto centre = static_cast<std::size_t>(std::lround(lag));
+    if (centre < 2 || centre + 2 >= length)
+        return 0.0;
+    std::size_t top = centre - 1;
+    for (std::size_t t = centre; t <= centre + 1; ++t)
+        top =
+            nsdf(autocorrelation, squares, length, t) > nsdf(autocorrelation, squares, length, top)
+                ? t
+                : top;
+    const double left = nsdf(autocorrelation, squares, length, top - 1);
+    const double value = nsdf(autocorrelation, squares, length, top);
+    const double right = nsdf(autocorrelation, squares, length, top + 1);
+    const double curvature = left - 2.0 * value + right;
+    if (!(curvature < 0.0))
+        return value;
+    const double shift = std::clamp(0.5 * (left - right) / curvature, -0.5, 0.5);
+    return value - 0.25 * (left - right) * shift;
 }
 
 }  // namespace zt

@@ -26,4 +26,9 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
                                              std::size_t length, std::size_t minLag,
                                              std::size_t maxLag, double keyRatio);
 
+// The highest n within a sample of `lag` (the top of a parabola through its
+// neighbours): how well the block repeats after about that many samples.
+double repetitionNear(const float* autocorrelation, const double* squares, std::size_t length,
+                      double lag);
+
 }  // namespace zt

@@ -43,6 +43,19 @@ std::vector<std::int16_t> pluck(double hertz, double inharmonicity, double after
     return {all.end() - 2000, all.end()};
 }
 
+// A sampled guitar's E4 a second into its ring: the second and fourth
+// partials louder than the first, the third already faded, and stray peaks
+// off the partials (a body resonance at 50 Hz, an attack's remnant at 897 Hz)
+// that fit no lower fundamental.
+std::vector<std::int16_t> unevenUpperPartials() {
+    auto block = harmonics(329.63, {4000, 3800, 1200, 2600, 2800, 1500});
+    const auto body = sine(50.0, 2000, 60.0, 1);
+    const auto remnant = sine(897.0, 2000, 380.0, 2);
+    for (std::size_t n = 0; n < block.size(); ++n)
+        block[n] = static_cast<std::int16_t>(block[n] + body[n] + remnant[n]);
+    return block;
+}
+
 class FinePDATest : public ::testing::Test {
 protected:
     double read(const std::vector<std::int16_t>& block) {
@@ -74,6 +87,7 @@ TEST_F(FinePDATest, TheFundamentalWhereverTheEnergyIs) {
         {"stiff low string, weak fundamental", pluck(55.0, 3e-4, 0.6, 1), 55.0, 1.0},
         {"stiff high string", pluck(659.3, 1e-4, 0.6, 2), 659.3, 1.0},
         {"string at the end of its ring", pluck(146.8, 1e-4, 2.0, 3), 146.8, 1.0},
+        {"upper partials dominate, stray peaks between", unevenUpperPartials(), 329.63, 0.5},
     };
     for (const auto& row : rows)
         EXPECT_NEAR(cents(read(row.block), row.truth), 0.0, row.within) << row.name;
@@ -135,6 +149,78 @@ TEST_F(FinePDATest, LevelAndGateOnTheClassicScale) {
     EXPECT_GT(read(quiet), 0.0);
     fine.changeSensitivity(100);
     EXPECT_EQ(read(quiet), -1.0);
+}
+
+// Plucks read as the tuner reads them, a block every 50 ms from the pluck
+// on: each reading is either none or within `cents` of the string, and the
+// string is read by `by` seconds.
+TEST_F(FinePDATest, PlucksReadRightFromTheStart) {
+    const struct {
+        const char* name;
+        double hertz, snrDb;
+        bool pink;
+        double cents, by;
+    } rows[] = {
+        {"E1 bass string", 41.2, 100.0, false, 5.0, 0.15},
+        {"A1 bass string", 55.0, 100.0, false, 5.0, 0.15},
+        {"E2 string", 82.41, 100.0, false, 5.0, 0.15},
+        {"E2 string in pink noise 10 dB under", 82.41, 10.0, true, 10.0, 0.2},
+        {"A2 string in pink noise 10 dB under", 110.0, 10.0, true, 10.0, 0.2},
+        {"E4 string in pink noise 10 dB under", 329.63, 10.0, true, 10.0, 0.2},
+        {"E2 string in white noise 10 dB under", 82.41, 10.0, false, 10.0, 0.2},
+    };
+    for (const auto& row : rows) {
+        std::mt19937 random(5);
+        testing::StringPluck p;
+        p.frequency = row.hertz;
+        p.inharmonicity = 1e-4;
+        auto signal = testing::renderPluck(p, 0.3, 1.5, 8000, random);
+        if (row.snrDb < 100.0)
+            testing::addNoise(signal, 2400 + 2400, 2400 + 12000, row.snrDb, random, row.pink);
+        const auto samples = testing::toSamples(signal);
+        double firstRight = -1.0;
+        int silent = 0, readings = 0;
+        for (std::size_t end = 2400 + 400; end <= samples.size(); end += 400) {
+            const double t = (static_cast<double>(end) - 2400.0) / 8000.0;
+            const double f = read({samples.begin() + static_cast<std::ptrdiff_t>(end) - 2000,
+                                   samples.begin() + static_cast<std::ptrdiff_t>(end)});
+            if (f < 0.0) {
+                silent += t > row.by;
+                continue;
+            }
+            ++readings;
+            EXPECT_NEAR(cents(f, row.hertz), 0.0, t < 0.3 ? 50.0 : row.cents)
+                << row.name << " at " << t << " s";
+            if (firstRight < 0.0 && std::fabs(cents(f, row.hertz)) <= row.cents)
+                firstRight = t;
+        }
+        EXPECT_GE(firstRight, 0.0) << row.name;
+        EXPECT_LE(firstRight, row.by + 1e-9) << row.name;
+        EXPECT_LE(silent, readings / 20) << row.name;
+    }
+}
+
+// A note begun inside the block (in view A, or in B alone) reads as well as
+// a ringing one wherever it lies between bins of 3.9 Hz.
+TEST_F(FinePDATest, NotesBegunInsideTheBlockBetweenBins) {
+    for (double base : {82.41, 196.0, 440.0}) {
+        for (double share : {0.0, 0.25, 0.5, 0.75}) {
+            const double hertz = base + share * 8000.0 / 2048.0;
+            std::mt19937 random(7);
+            testing::StringPluck p;
+            p.frequency = hertz;
+            p.inharmonicity = 0.0;
+            p.partialSpreadCents = 0.0;
+            p.twinGain = 0.0;
+            const auto all = testing::toSamples(testing::renderPluck(p, 0.3, 0.6, 8000, random));
+            for (std::size_t begun : {480, 700, 1000, 1300, 1600, 1900}) {
+                const auto end = static_cast<std::ptrdiff_t>(2400 + begun);
+                EXPECT_NEAR(cents(read({all.begin() + end - 2000, all.begin() + end}), hertz), 0.0,
+                            1.0)
+                    << hertz << " Hz begun " << begun << " samples before the block's end";
+            }
+        }
+    }
 }
 
 }  // namespace

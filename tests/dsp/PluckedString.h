@@ -78,17 +78,38 @@ inline std::vector<double> renderPluck(const StringPluck& pluck, double before, 
     return out;
 }
 
-// Adds white noise whose power is `snrDb` below the mean power of
-// signal[from, to).
+// Adds white noise, or pink noise (Paul Kellet's filter of white noise,
+// its power falling 3 dB an octave, as a room's or a fan's), whose power is
+// `snrDb` below the mean power of signal[from, to).
 inline void addNoise(std::vector<double>& signal, std::size_t from, std::size_t to, double snrDb,
-                     std::mt19937& random) {
+                     std::mt19937& random, bool pink = false) {
     double power = 0.0;
     for (std::size_t i = from; i < to; ++i)
         power += signal[i] * signal[i];
     power /= static_cast<double>(to - from);
-    std::normal_distribution<double> noise(0.0, std::sqrt(power * std::pow(10.0, -snrDb / 10.0)));
-    for (double& s : signal)
-        s += noise(random);
+    std::normal_distribution<double> white(0.0, 1.0);
+    std::vector<double> noise(signal.size());
+    double b[7] = {};
+    double noisePower = 0.0;
+    for (double& n : noise) {
+        const double w = white(random);
+        n = w;
+        if (pink) {
+            b[0] = 0.99886 * b[0] + w * 0.0555179;
+            b[1] = 0.99332 * b[1] + w * 0.0750759;
+            b[2] = 0.96900 * b[2] + w * 0.1538520;
+            b[3] = 0.86650 * b[3] + w * 0.3104856;
+            b[4] = 0.55000 * b[4] + w * 0.5329522;
+            b[5] = -0.7616 * b[5] - w * 0.0168980;
+            n = b[0] + b[1] + b[2] + b[3] + b[4] + b[5] + b[6] + w * 0.5362;
+            b[6] = w * 0.115926;
+        }
+        noisePower += n * n;
+    }
+    const double gain =
+        std::sqrt(power * std::pow(10.0, -snrDb / 10.0) * noise.size() / noisePower);
+    for (std::size_t i = 0; i < signal.size(); ++i)
+        signal[i] += gain * noise[i];
 }
 
 // Full scale 1 to 16-bit samples, clipped.

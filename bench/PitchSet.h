@@ -1,0 +1,153 @@
+#pragma once
+// The sampled-instrument set that tools/make-pitch-set renders: single notes
+// of sampled guitars, basses, a piano and a violin at 8000 Hz. Each note's
+// true pitch is measured here from its partials over a second of its steady
+// part (a Hann window of 8192 samples, a transform of 65536 points, peaks
+// refined by a parabola through log magnitudes, and the stiff-string fit),
+// since a sampled instrument is not tuned exactly to its nominal pitch.
+// Noise (white or pink) is added with a seed per note.
+
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "dsp/HarmonicFit.h"
+#include "dsp/PluckedString.h"
+#include "dsp/RealTransform.h"
+
+namespace zt::bench {
+
+struct SampledNote {
+    std::string file;
+    int program = 0;
+    int midi = 0;
+    bool heldOut = false;
+    std::vector<double> signal;  // full scale 1
+    std::size_t onset = 0;       // samples
+    double truth = 0.0;          // Hz, the first partial
+};
+
+inline bool readWave(const std::string& path, std::vector<double>& signal) {
+    std::ifstream in(path, std::ios::binary);
+    std::vector<char> bytes((std::istreambuf_iterator<char>(in)), {});
+    for (std::size_t at = 12; at + 8 <= bytes.size();) {
+        std::uint32_t size = 0;
+        for (int i = 0; i < 4; ++i)
+            size |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[at + 4 + i]))
+                    << (8 * i);
+        if (std::string(&bytes[at], 4) == "data") {
+            const std::size_t count = std::min<std::size_t>(size, bytes.size() - at - 8) / 2;
+            signal.resize(count);
+            for (std::size_t i = 0; i < count; ++i) {
+                const auto lo = static_cast<unsigned char>(bytes[at + 8 + 2 * i]);
+                const auto hi = static_cast<unsigned char>(bytes[at + 9 + 2 * i]);
+                signal[i] = static_cast<std::int16_t>(lo | (hi << 8)) / 32768.0;
+            }
+            return count > 0;
+        }
+        at += 8 + size + (size & 1);
+    }
+    return false;
+}
+
+// The first partial from the partials near the multiples of `nominal`.
+inline double measureTruth(const std::vector<double>& signal, std::size_t onset, double nominal) {
+    constexpr std::size_t kWindow = 8192, kLength = 65536;
+    const std::size_t from = onset + 1600;
+    if (from + kWindow > signal.size())
+        return 0.0;
+    static RealTransform transform(kLength);
+    std::vector<float> padded(kLength, 0.0f);
+    for (std::size_t i = 0; i < kWindow; ++i)
+        padded[i] =
+            static_cast<float>(signal[from + i] * (0.5 - 0.5 * std::cos(2.0 * M_PI * i / kWindow)));
+    std::vector<std::complex<float>> bins(kLength / 2 + 1);
+    transform.forward(padded.data(), bins.data());
+    const double binHz = 8000.0 / kLength;
+    auto level = [&](std::size_t k) { return std::log(std::abs(bins[k]) + 1e-12); };
+    std::vector<Partial> found;
+    double strongest = 0.0;
+    for (int h = 1; h * nominal < 3800.0 && h <= 16; ++h) {
+        // Within 60 cents of the multiple (and of a stiff string's stretch).
+        const double centre = h * nominal * (1.0 + 2e-4 * h * h);
+        const auto lo = static_cast<std::size_t>(centre * 0.966 / binHz);
+        const auto hi = std::min<std::size_t>(static_cast<std::size_t>(centre * 1.035 / binHz),
+                                              kLength / 2 - 1);
+        std::size_t k = lo;
+        for (std::size_t i = lo; i <= hi; ++i)
+            k = std::abs(bins[i]) > std::abs(bins[k]) ? i : k;
+        const double l = level(k - 1), c = level(k), r = level(k + 1);
+        if (k == lo || k == hi || !(l - 2 * c + r < 0.0))
+            continue;
+        const double amplitude = std::abs(bins[k]);
+        strongest = std::max(strongest, amplitude);
+        found.push_back({h, (k + 0.5 * (l - r) / (l - 2 * c + r)) * binHz, 0.0, amplitude});
+    }
+    HarmonicFit fit;
+    for (Partial p : found) {
+        if (p.amplitude < 0.02 * strongest)
+            continue;
+        p.weight = p.amplitude * p.amplitude / (p.harmonic * p.harmonic);
+        fit.add(p);
+    }
+    if (!fit.solve())
+        return 0.0;
+    // A sound whose strong partials disagree (two detuned layers, a chorus)
+    // has no one pitch.
+    for (std::size_t i = 0; i < fit.size(); ++i) {
+        if (fit[i].amplitude >= 0.1 * strongest && std::fabs(fit.residualCents(i)) > 8.0)
+            return 0.0;
+    }
+    return fit.predict(1);
+}
+
+// The notes of the manifest in `dir`; empty when there is none.
+inline std::vector<SampledNote> loadSampledSet(const std::string& dir) {
+    std::vector<SampledNote> notes;
+    std::ifstream manifest(dir + "/manifest.tsv");
+    std::string line;
+    while (std::getline(manifest, line)) {
+        std::istringstream fields(line);
+        SampledNote note;
+        double bend = 0.0;
+        std::string split;
+        if (!(fields >> note.file >> note.program >> note.midi >> bend >> split))
+            continue;
+        note.heldOut = split == "held";
+        if (!readWave(dir + "/" + note.file, note.signal))
+            continue;
+        // The renderer trims the silence before the note; the tuner has
+        // been listening for a while.
+        note.signal.insert(note.signal.begin(), 4000, 0.0);
+        double peak = 0.0;
+        for (double s : note.signal)
+            peak = std::max(peak, std::fabs(s));
+        while (note.onset < note.signal.size() && std::fabs(note.signal[note.onset]) < 0.01 * peak)
+            ++note.onset;
+        const double nominal = 440.0 * std::pow(2.0, (note.midi - 69 + bend / 100.0) / 12.0);
+        note.truth = measureTruth(note.signal, note.onset, nominal);
+        if (note.truth > 0.0 && std::fabs(1200.0 * std::log2(note.truth / nominal)) < 60.0)
+            notes.push_back(std::move(note));
+        else
+            std::fprintf(stderr, "pitch set: %s has no clear pitch, left out\n", note.file.c_str());
+    }
+    return notes;
+}
+
+// The note with white or pink noise `snrDb` under its mean power from 0.3
+// to 2 s.
+inline std::vector<double> withNoise(const SampledNote& note, bool pink, double snrDb,
+                                     unsigned seed) {
+    std::vector<double> out = note.signal;
+    std::mt19937 random(seed);
+    testing::addNoise(out, note.onset + 2400, std::min(out.size(), note.onset + 16000), snrDb,
+                      random, pink);
+    return out;
+}
+
+}  // namespace zt::bench

@@ -1,0 +1,117 @@
+// The fine detector's choice of harmonic numbers: which multiple of the
+// search grid (a kGridDivisions-th of the period's fundamental) is the
+// fundamental.
+#include <algorithm>
+#include <cmath>
+
+#include "dsp/FinePDA.h"
+#include "dsp/PeriodEstimate.h"
+
+namespace zt {
+
+namespace {
+
+// Off the fundamental's multiples, only a peak this strong against the
+// strongest partial says that the fundamental lies lower...
+constexpr double kCertainShare = 0.03;
+// ...and only if the block repeats after the lower fundamental's period
+// nearly as well as after the period found (a true lower fundamental
+// repeats it better: its odd partials are out of phase at half its period).
+// The period's half or third may repeat a little worse where the lag is
+// only a few samples long; a sixth, whose multiples lie so close that any
+// stray peak is near one of them, must repeat as well.
+constexpr double kRepeatTolerance = 0.03;
+constexpr double kSixthRepeatTolerance = 0.002;
+constexpr double kOnMultiple = 0.015;
+constexpr double kOnMultipleSpacing = 0.1;
+// A lower fundamental must also sound below the period's own: one of its
+// multiples under the period's fundamental holds a partial this strong
+// against the strongest.
+constexpr double kBelowShare = 0.01;
+}  // namespace
+
+bool FinePDA::standOn(int multiple, double fundamental) const {
+    // Peaks weaker than kCertainShare of the strongest (noise, most likely)
+    // do not count; with a fundamental given, a decisive peak must lie
+    // within kOnMultiple of its multiple (an attack's thump or a body
+    // resonance near a sub-harmonic's multiple is no partial of it).
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        if (p.amplitude < kCertainShare * strongest)
+            continue;
+        if (p.harmonic % multiple != 0)
+            return false;
+        if (fundamental > 0.0 &&
+            std::fabs(p.frequency - fundamental * p.harmonic / multiple) >
+                std::min(kOnMultiple * p.frequency, kOnMultipleSpacing * fundamental))
+            return false;
+    }
+    return fit_.size() > 0;
+}
+
+bool FinePDA::soundsBelow(int multiple) const {
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        if (p.harmonic < kGridDivisions && p.harmonic % multiple == 0 &&
+            p.amplitude >= kBelowShare * strongest)
+            return true;
+    }
+    return false;
+}
+
+int FinePDA::settleHarmonicNumbers() {
+    // The period's fundamental unless the decisive partials off its
+    // multiples all stand on those of a half, a third or a sixth of it and
+    // the block repeats after that longer period as well: a stray peak (a
+    // body resonance, a sample's loop, noise) must not pull the reading down
+    // to a sub-harmonic. Then up, while the partials stand only on every
+    // second or third multiple (a period read too long). Peaks off the
+    // multiples kept are dropped.
+    int divisor = kGridDivisions;
+    if (!standOn(kGridDivisions)) {
+        // The fundamental as the period's multiples among the partials show it.
+        double sum = 0.0, weight = 0.0;
+        for (std::size_t i = 0; i < fit_.size(); ++i) {
+            const Partial& p = fit_[i];
+            if (p.harmonic % kGridDivisions == 0) {
+                sum += p.amplitude * p.frequency * kGridDivisions / p.harmonic;
+                weight += p.amplitude;
+            }
+        }
+        const double fundamental = weight > 0.0 ? sum / weight : 0.0;
+        const double periodRepeats = repetitionNear(
+            autocorrelation_.data(), views_.squares().data(), BlockViews::kView, periodLag_);
+        for (int d : {3, 2, 1}) {
+            const double lag = periodLag_ * kGridDivisions / d;
+            const double tolerance = d == 1 ? kSixthRepeatTolerance : kRepeatTolerance;
+            if (standOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
+                repetitionNear(autocorrelation_.data(), views_.squares().data(), BlockViews::kView,
+                               lag) >= periodRepeats - tolerance) {
+                divisor = d;
+                break;
+            }
+        }
+    }
+    fit_.regroup(divisor);
+    for (bool regrouped = true; regrouped;) {
+        regrouped = false;
+        for (int d : {2, 3}) {
+            if (standOn(d)) {
+                fit_.regroup(d);
+                divisor *= d;
+                regrouped = true;
+                break;
+            }
+        }
+    }
+    fit_.solve();
+    return divisor;
+}
+
+}  // namespace zt
