@@ -208,7 +208,9 @@ std::string MetronomeProxy::presetNameForIndex(int index) const {
     if (!isPresetIndex(index))
         return {};
     const Dictionary* preset = asPreset(presetsArray_[static_cast<std::size_t>(index)]);
-    return preset ? valueFor(*preset, "name").toString() : std::string();
+    // Cleaned as typed names are: a name written by another program may hold
+    // controls that would garble the list.
+    return preset ? plist::sanitizeName(valueFor(*preset, "name").toString()) : std::string();
 }
 
 bool MetronomeProxy::containPresetWithName(const std::string& name) const {
