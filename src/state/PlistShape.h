@@ -12,9 +12,9 @@
 namespace zt::plist {
 
 struct Bounds {
-    int maxDepth;             // arrays and dictionaries nested in each other
-    std::uint64_t maxNodes;   // values of any kind, keys included
-    std::uint64_t maxText;    // bytes of strings, keys and data, after expansion
+    int maxDepth;            // arrays and dictionaries nested in each other
+    std::uint64_t maxNodes;  // values of any kind, keys included
+    std::uint64_t maxText;   // bytes of strings, keys and data, after expansion
 };
 
 // "" when xml is well-formed markup within bounds, else why it is refused.

@@ -61,8 +61,8 @@ const HostileFile kFiles[] = {
                 "<?pi <array>?></array></plist>";
      },
      1},
-    {"closing tags out of order",
-     [] { return kXmlHead + "<array><dict></array></dict></plist>"; }, -1},
+    {"closing tags out of order", [] { return kXmlHead + "<array><dict></array></dict></plist>"; },
+     -1},
     {"unterminated comment", [] { return kXmlHead + "<array><!-- </array></plist>"; }, -1},
     {"22 levels of arrays each referencing the next twice",
      [] {
@@ -85,8 +85,7 @@ const HostileFile kFiles[] = {
      },
      -1},
     {"200,000 empty arrays", [] { return emptyArrays(200000); }, 200000},
-    {"1,500,000 empty arrays, past the bound on values", [] { return emptyArrays(1500000); },
-     -1},
+    {"1,500,000 empty arrays, past the bound on values", [] { return emptyArrays(1500000); }, -1},
 };
 
 class HostilePlistTest : public test::DataDirTest,
