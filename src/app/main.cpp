@@ -9,7 +9,6 @@
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
-#include <QStandardPaths>
 #include <QTimer>
 #include <cstdlib>
 
@@ -17,6 +16,7 @@
 #include "app/QtMainLoop.h"
 #include "app/ScreenProbe.h"
 #include "app/ScreenshotRunner.h"
+#include "app/SingleInstance.h"
 #include "app/Tools.h"
 #include "app/WindowPlacement.h"
 #include "app/ZebToolsAppDelegate.h"
@@ -65,14 +65,16 @@ int main(int argc, char* argv[]) {
     parser.process(app);
     zt::routeLogToQt(parser.isSet(verboseOption));
 
-    // Without HOME and XDG_DATA_HOME Qt's location lies under "/"; the
-    // library's own rule then looks further or saves nothing.
-    if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR") &&
-        !(qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))) {
-        const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-        if (!dir.isEmpty())
-            zt::paths::setDataDir(dir.toStdString());
-    }
+    // A second launch raises the running window and ends. Runs without a
+    // display and picture runs are tests, each a world of its own.
+    zt::SingleInstance single;
+    if (!headless && !parser.isSet(screenshotOption) && !single.claim())
+        return 0;
+
+    // The data folder follows the XDG rules on its own (see Paths.h), not
+    // the toolkit's location, which put files one folder deeper and under
+    // "/" without HOME.
+    zt::paths::moveOldDataFolder();
     if (const auto dataDir = zt::paths::dataDir(); !dataDir.empty())
         QDir().mkpath(QString::fromStdString(dataDir.string()));
 
@@ -92,6 +94,7 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
+    single.setWindow(window);
     if (parser.isSet(sizeOption)) {
         const QStringList size = parser.value(sizeOption).split('x');
         if (size.size() == 2 && size[0].toInt() > 0 && size[1].toInt() > 0) {
