@@ -23,10 +23,10 @@ namespace zt::plist {
 inline constexpr int kMaxDepth = 64;
 
 // More values than this (keys included) make a file unreadable: a list of
-// 10,000 presets holds about 60,000. With the text bound (what a file of the
+// 10,000 presets holds about 190,000. With the text bound (what a file of the
 // largest size read can hold), reading stays under a second and bounded in
 // memory whatever a binary file's references expand to.
-inline constexpr std::uint64_t kMaxNodes = 1'000'000;
+inline constexpr std::uint64_t kMaxNodes = 500'000;
 inline constexpr std::uint64_t kMaxText = 16u << 20;
 
 // A date: Array{seconds since 2001-01-01, microseconds}. Data: the bytes as
