@@ -14,15 +14,15 @@ bool SingleInstance::claim() {
     if (!bus.isConnected() || !bus.interface())
         return true;
     bus.registerObject(kPath, this, QDBusConnection::ExportAllSlots);
-    const auto owned = bus.interface()->registerService(
-        kService, QDBusConnectionInterface::DontQueueService,
-        QDBusConnectionInterface::DontAllowReplacement);
+    const auto owned =
+        bus.interface()->registerService(kService, QDBusConnectionInterface::DontQueueService,
+                                         QDBusConnectionInterface::DontAllowReplacement);
     if (owned.isValid() && owned.value() == QDBusConnectionInterface::ServiceRegistered)
         return true;
     bus.unregisterObject(kPath);
 
-    QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath,
-                                                       "org.freedesktop.Application", "Activate");
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.Application", "Activate");
     call << QVariantMap{};
     const QDBusMessage reply = bus.call(call, QDBus::Block, 5000);
     if (reply.type() == QDBusMessage::ErrorMessage) {
