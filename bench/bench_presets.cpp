@@ -8,8 +8,10 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "framework/Log.h"
@@ -58,6 +60,87 @@ void BM_ReadPresetsFile(benchmark::State& state) {
     fs::remove_all(dir);
 }
 BENCHMARK(BM_ReadPresetsFile)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+// Files made to be costly to read, at most the 16 MB read at all: each must
+// be read, or refused, in time and memory in proportion to its size.
+std::string bigEndian(std::uint64_t v, int bytes) {
+    std::string out;
+    for (int b = bytes - 1; b >= 0; --b)
+        out += static_cast<char>((v >> (8 * b)) & 0xFF);
+    return out;
+}
+
+std::string emptyBinaryArrays(int n) {
+    std::string bin = "bplist00\xAF\x12" + bigEndian(n, 4);
+    for (int i = 1; i <= n; ++i)
+        bin += bigEndian(i, 4);
+    std::string offsets = bigEndian(8, 4);
+    for (int i = 1; i <= n; ++i) {
+        offsets += bigEndian(bin.size(), 4);
+        bin += '\xA0';
+    }
+    const std::size_t table = bin.size();
+    return bin + offsets + std::string(6, '\0') + "\x04\x04" + bigEndian(n + 1, 8) +
+           bigEndian(0, 8) + bigEndian(table, 8);
+}
+
+std::string repeated(const std::string& head, const std::string& piece, std::size_t size,
+                     const std::string& tail) {
+    std::string out = head;
+    while (out.size() + piece.size() + tail.size() <= size)
+        out += piece;
+    return out + tail;
+}
+
+const std::string kHead = "<?xml version=\"1.0\"?><plist version=\"1.0\"><array>";
+const std::string kTail = "</array></plist>";
+
+const struct {
+    const char* name;
+    std::string (*bytes)();
+} kCostlyFiles[] = {
+    {"200,000 empty binary arrays", [] { return emptyBinaryArrays(200000); }},
+    {"499,990 XML booleans (just under the bound on values)",
+     [] { return repeated(kHead, "<true/>", kHead.size() + 7 * 499990 + kTail.size(), kTail); }},
+    {"16 MB of XML booleans (past the bound)",
+     [] { return repeated(kHead, "<true/>", 16u << 20, kTail); }},
+    {"one 16 MB string",
+     [] { return repeated(kHead + "<string>", "a", 16u << 20, "</string>" + kTail); }},
+    {"16 MB of <array x=\"/>\"> nesting",
+     [] { return repeated(kHead, "<array x=\"/>\">", 16u << 20, kTail); }},
+};
+
+// In a child process, so that the peak memory is that of the read alone.
+void BM_ReadCostlyFile(benchmark::State& state) {
+    const auto& file = kCostlyFiles[state.range(0)];
+    const fs::path path = fs::temp_directory_path() / "zt-bench-costly.plist";
+    std::ofstream(path, std::ios::binary) << file.bytes();
+    state.SetLabel(file.name);
+    double peakMB = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        const pid_t child = ::fork();
+        if (child == 0) {
+            zt::setLogQuiet(true);
+            const auto content = zt::plist::readFile(path, zt::plist::RootKind::Array);
+            ::_exit(content.status == zt::plist::FileStatus::Ok ? 0 : 1);
+        }
+        int status = 0;
+        rusage usage{};
+        ::wait4(child, &status, 0, &usage);
+        state.SetIterationTime(
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        state.counters["read"] = WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        peakMB = static_cast<double>(usage.ru_maxrss) / 1024.0;
+    }
+    state.counters["peak_MB"] = peakMB;
+    fs::remove(path);
+}
+BENCHMARK(BM_ReadCostlyFile)
+    ->DenseRange(0, 4)
+    ->UseManualTime()
+    ->Iterations(3)
+    ->Unit(benchmark::kMillisecond);
 
 // One headless run that draws every screen, in a child process so that its
 // peak memory is its own.

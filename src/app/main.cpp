@@ -8,7 +8,6 @@
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
-#include <QStandardPaths>
 #include <QTimer>
 #include <cstdlib>
 
@@ -17,6 +16,7 @@
 #include "app/QtMainLoop.h"
 #include "app/ScreenProbe.h"
 #include "app/ScreenshotRunner.h"
+#include "app/SingleInstance.h"
 #include "app/Tools.h"
 #include "app/WindowPlacement.h"
 #include "app/ZebToolsAppDelegate.h"
@@ -56,14 +56,16 @@ int main(int argc, char* argv[]) {
     const zt::AppOptions& options = read.options;
     zt::routeLogToQt(options.verbose);
 
-    // Without HOME and XDG_DATA_HOME Qt's location lies under "/"; the
-    // library's own rule then looks further or saves nothing.
-    if (qEnvironmentVariableIsEmpty("ZEBTOOLS_DATA_DIR") &&
-        !(qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))) {
-        const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-        if (!dir.isEmpty())
-            zt::paths::setDataDir(dir.toStdString());
-    }
+    // A second launch raises the running window and ends. Runs without a
+    // display and picture runs are tests, each a world of its own.
+    zt::SingleInstance single;
+    if (!headless && options.screenshotDir.isEmpty() && !single.claim())
+        return 0;
+
+    // The data folder follows the XDG rules on its own (see Paths.h), not
+    // the toolkit's location, which put files one folder deeper and under
+    // "/" without HOME.
+    zt::paths::moveOldDataFolder();
     if (const auto dataDir = zt::paths::dataDir(); !dataDir.empty())
         QDir().mkpath(QString::fromStdString(dataDir.string()));
 
@@ -83,6 +85,7 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
+    single.setWindow(window);
     // A desktop session reopens the window where it was left, at the size
     // asked for on the command line if one was. Runs without a display
     // neither read nor write that place.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <iostream>
 
@@ -176,6 +177,29 @@ AnalyzeCommand::AnalyzeCommand(CLI::App& parent)
     app.callback([this] { makeJob(); });
 }
 
+namespace {
+
+// Why a readable file is still not sound to analyse, or "". A rate far out
+// of the audio range only makes a short file stand for hours (or a long one
+// for an instant) of readings.
+std::string refusedInput(const FileCapture& file) {
+    constexpr int kLowestRate = 1000;
+    constexpr int kHighestRate = 1000000;
+    const int rate = file.fileRate();
+    if (rate < kLowestRate || rate > kHighestRate) {
+        return "a sample rate of " + std::to_string(rate) + " Hz is outside " +
+               std::to_string(kLowestRate) + " to " + std::to_string(kHighestRate) + " Hz";
+    }
+    const auto samples = std::llround(file.fileSeconds() * rate);
+    if (samples == 0)
+        return "the file holds no sound (no samples)";
+    if (samples == 1)
+        return "the file holds no sound (a single sample)";
+    return "";
+}
+
+}  // namespace
+
 void AnalyzeCommand::makeJob() {
     if (job_.file.empty() && !job_.mic)
         throw CLI::ValidationError("give a sound FILE or --mic");
@@ -194,6 +218,10 @@ int AnalyzeCommand::run(std::ostream& out, std::ostream& err) {
         std::shared_ptr<FileCapture> file = FileCapture::open(job_.file, error);
         if (!file) {
             err << name << job_.file << ": " << error << "\n";
+            return kExitUsage;
+        }
+        if (const std::string refused = refusedInput(*file); !refused.empty()) {
+            err << name << job_.file << ": " << refused << "\n";
             return kExitUsage;
         }
         Session session(file, job_);

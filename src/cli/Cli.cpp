@@ -8,6 +8,8 @@
 #include "cli/ChordsCommand.h"
 #include "cli/CliCommand.h"
 #include "cli/MetronomeCommand.h"
+#include "cli/StandardOutput.h"
+#include "state/AtomicFile.h"
 
 namespace zt::cli {
 
@@ -21,6 +23,17 @@ std::string commandPath(const CLI::App* app) {
         path += " " + subs.front()->get_name();
     }
     return path;
+}
+
+// The exit code once out has taken everything; a failure to write it is the
+// command's failure, told on err with the reason when out knows it.
+int checked(int code, std::ostream& out, std::ostream& err) {
+    if (out.flush())
+        return code;
+    const auto* fd = dynamic_cast<const DescriptorOutput*>(out.rdbuf());
+    err << "zebtools-cli: cannot write the output"
+        << (fd && fd->error() ? ": " + file::describeError(fd->error()) : std::string()) << "\n";
+    return code == kExitOk ? kExitFailure : code;
 }
 
 }  // namespace
@@ -54,11 +67,11 @@ int runCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         app.parse(reversed);
     } catch (const CLI::ParseError& e) {
         const int code = app.exit(e, out, err);
-        return code == 0 ? kExitOk : kExitUsage;
+        return checked(code == 0 ? kExitOk : kExitUsage, out, err);
     }
     for (const auto& command : commands) {
         if (command->chosen()) {
-            return command->run(out, err);
+            return checked(command->run(out, err), out, err);
         }
     }
     return kExitUsage;

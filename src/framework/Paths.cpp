@@ -21,7 +21,7 @@ fs::path fromEnv(const char* name) {
     const char* value = std::getenv(name);
     return (value && *value) ? fs::path(value) : fs::path();
 }
-// A home folder worth keeping files under: absolute, and not the root of the
+// A home (or XDG_DATA_HOME) folder worth keeping files under: absolute, and not the root of the
 // file system (what some environments give an account without a home).
 fs::path usableHome(const fs::path& home) {
     return home.is_absolute() && home != home.root_path() ? home : fs::path();
@@ -33,7 +33,7 @@ fs::path dataDir() {
         return env;
     if (!configuredDataDir.empty())
         return configuredDataDir;
-    if (auto xdg = fromEnv("XDG_DATA_HOME"); xdg.is_absolute())
+    if (auto xdg = usableHome(fromEnv("XDG_DATA_HOME")); !xdg.empty())
         return xdg / "zebtools";
     if (auto home = usableHome(fromEnv("HOME")); !home.empty())
         return home / ".local/share/zebtools";
@@ -46,6 +46,26 @@ fs::path dataDir() {
 
 void setDataDir(const fs::path& dir) {
     configuredDataDir = dir;
+}
+
+void moveOldDataFolder() {
+    const fs::path dir = dataDir();
+    if (dir.empty())
+        return;
+    const fs::path old = dir / "zebtools";
+    std::error_code ec;
+    if (!fs::is_directory(fs::symlink_status(old, ec)))
+        return;
+    for (auto it = fs::directory_iterator(old, ec); !ec && it != fs::directory_iterator();
+         it.increment(ec)) {
+        const fs::path moved = dir / it->path().filename();
+        std::error_code taken;
+        if (fs::symlink_status(moved, taken).type() == fs::file_type::not_found) {
+            std::error_code renamed;
+            fs::rename(it->path(), moved, renamed);
+        }
+    }
+    fs::remove(old, ec);  // only when empty
 }
 
 fs::path resourceDir() {

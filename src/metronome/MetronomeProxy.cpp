@@ -1,5 +1,6 @@
 #include "metronome/MetronomeProxy.h"
 
+#include <algorithm>
 #include <chrono>
 #include <locale>
 #include <string_view>
@@ -155,6 +156,26 @@ void MetronomeProxy::readFromDisk(const Array& madeHere) {
     presetsArray_ = std::move(presets);
     if (opened.state == plist::Opened::State::Missing && madeHere.size() <= 1)
         createPresetsListFile();
+    fileStamp_ = file::stampOf(path);
+}
+
+void MetronomeProxy::takeOutsideChanges() {
+    if (blocked_ || file::stampOf(presetsListPath()) == fileStamp_)
+        return;
+    log("presetsList.plist was changed by another program; its presets are kept");
+    const Array ours = presetsArray_;
+    readFromDisk({});
+    if (blocked_) {
+        presetsArray_ = ours;
+        return;
+    }
+    for (const auto& [added, preset] : edits_) {
+        const auto at = std::find(presetsArray_.begin() + 1, presetsArray_.end(), preset);
+        if (added)
+            presetsArray_.push_back(preset);
+        else if (at != presetsArray_.end())
+            presetsArray_.erase(at);
+    }
 }
 
 bool MetronomeProxy::flush() {
@@ -163,10 +184,13 @@ bool MetronomeProxy::flush() {
     if (blocked_)
         readFromDisk(presetsArray_);
     const auto path = presetsListPath();
+    takeOutsideChanges();
     file::Failure why = blockedWhy_;
     if (!blocked_ && file::ensureDirectory(path.parent_path(), &why) &&
         plist::writeFile(path, presetsArray_, &why)) {
         dirty_ = false;
+        edits_.clear();
+        fileStamp_ = file::stampOf(path);
         return true;
     }
     log("presets not saved to " + path.string() + ": " + why);
@@ -185,6 +209,7 @@ void MetronomeProxy::saveCurrentState(const Dictionary& preset) {
         return;
     }
     presetsArray_.emplace_back(preset);
+    edits_.emplace_back(true, presetsArray_.back());
     changed();
 }
 
@@ -193,6 +218,7 @@ void MetronomeProxy::removePresetWithIndex(int index) {
         log("no preset " + std::to_string(index) + " to remove");
         return;
     }
+    edits_.emplace_back(false, presetsArray_[static_cast<std::size_t>(index)]);
     presetsArray_.erase(presetsArray_.begin() + index);
     changed();
 }

@@ -7,7 +7,10 @@
 //
 // Preset indices are array indices: the first preset is 1, and 0 means "no
 // preset". The whole array stays in memory and is written back whole and
-// atomically after every change.
+// atomically after every change. When someone else (another instance, an
+// editor) changed the file since this run last read or wrote it, it is read
+// again first and this run's additions and removals are made to it, entry by
+// entry, so that neither side loses the other's presets.
 //
 // A file that is not such an array is kept aside as
 // "presetsList.plist.corrupt" and replaced by an empty list. Elements that
@@ -21,6 +24,8 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "framework/Proxy.h"
 #include "framework/Value.h"
@@ -68,6 +73,9 @@ private:
     // Takes the file's presets, followed by those of madeHere.
     void readFromDisk(const Array& madeHere);
     void changed();
+    // Reads the file again when it is not the one last read or written,
+    // and makes edits_ to it.
+    void takeOutsideChanges();
 
     Array presetsArray_{Value(kVersion)};
     bool dirty_ = false;
@@ -76,6 +84,9 @@ private:
     bool blocked_ = false;
     std::string blockedWhy_;
     SaveNotice notice_;
+    // Presets added (true) or removed (false) since the last write.
+    std::vector<std::pair<bool, Value>> edits_;
+    std::string fileStamp_;  // see file::stampOf
 };
 
 }  // namespace zt

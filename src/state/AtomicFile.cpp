@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <optional>
 #include <system_error>
 
 #include "framework/Log.h"
@@ -74,6 +75,43 @@ std::string temporaryPrefix(const fs::path& target) {
     return "." + target.filename().string() + ".";
 }
 
+// Whether name is one replaceFile gives its temporaries for target:
+// mkostemp's, the prefix and six characters.
+bool isTemporaryOf(const fs::path& target, const std::string& name) {
+    const std::string prefix = temporaryPrefix(target);
+    return name.size() == prefix.size() + 6 && name.compare(0, prefix.size(), prefix) == 0;
+}
+
+// The process's umask, read without changing it (umask() sets it, which
+// would race with other threads creating files).
+mode_t currentUmask() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("Umask:", 0) == 0)
+            return static_cast<mode_t>(std::stoul(line.substr(6), nullptr, 8) & 0777);
+    }
+    return 022;
+}
+
+// The mode for the new file: the old one's, or what a plain create would
+// give. Nullopt (why set) when the old file may not be written.
+std::optional<mode_t> modeFor(const fs::path& target, Failure& why) {
+    struct stat old {};
+    if (::stat(target.c_str(), &old) != 0)
+        return 0666 & ~currentUmask();
+    // The bits first: the superuser may write anything, but a file marked
+    // read-only is still not to be replaced.
+    if (S_ISREG(old.st_mode) && (old.st_mode & 0222) == 0) {
+        why = "the file is read-only";
+        return std::nullopt;
+    }
+    if (S_ISREG(old.st_mode) && ::access(target.c_str(), W_OK) != 0) {
+        why = errno == EACCES ? Failure("the file is read-only") : describeError(errno);
+        return std::nullopt;
+    }
+    return old.st_mode & 07777;
+}
+
 }  // namespace
 
 Failure describeError(int error) {
@@ -129,21 +167,26 @@ ReadResult readAll(const fs::path& path, std::size_t maxBytes) {
     return {ReadStatus::Ok, std::move(bytes)};
 }
 
-bool replaceFile(const fs::path& path, const Writer& write, Failure* why) {
-    const fs::path target = resolveLinks(path);
+bool replaceFile(const fs::path& path, const Writer& write, Failure* why, Links links) {
+    const fs::path target = links == Links::Follow ? resolveLinks(path) : path;
     const fs::path dir = folderOf(target);
     std::string temp = (dir / (temporaryPrefix(target) + "XXXXXX")).string();
     Failure failure;
     bool ok = false;
-    const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
+    const auto mode = modeFor(target, failure);
+    const int fd = mode ? ::mkostemp(temp.data(), O_CLOEXEC) : -1;
     if (fd < 0) {
-        failure = describeError(errno);
+        if (mode)
+            failure = describeError(errno);
     } else {
-        struct stat old {};
-        const mode_t mode = ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
-        ::fchmod(fd, mode);
         ::close(fd);
+        // The mode is set once the content is in: a read-only one would
+        // keep the writer out.
         ok = write(temp, failure) && syncFile(temp, failure);
+        if (ok && ::chmod(temp.c_str(), *mode) != 0) {
+            failure = describeError(errno);
+            ok = false;
+        }
         if (ok && ::rename(temp.c_str(), target.c_str()) != 0) {
             failure = describeError(errno);
             ok = false;
@@ -178,17 +221,17 @@ bool writeAtomically(const fs::path& path, std::string_view bytes, Failure* why)
         why);
 }
 
-void removeStaleTemporaries(const fs::path& path, fs::file_time_type::duration minAge) {
-    const fs::path target = resolveLinks(path);
-    const std::string prefix = temporaryPrefix(target);
+void removeStaleTemporaries(const fs::path& path, fs::file_time_type::duration minAge,
+                            Links links) {
+    const fs::path target = links == Links::Follow ? resolveLinks(path) : path;
     const auto now = fs::file_time_type::clock::now();
     std::error_code ec;
     for (auto it = fs::directory_iterator(folderOf(target), ec);
          !ec && it != fs::directory_iterator(); it.increment(ec)) {
-        const std::string name = it->path().filename().string();
-        // mkostemp's names: the prefix and six characters.
-        if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0 ||
-            !it->is_regular_file(ec))
+        struct stat st {};
+        if (!isTemporaryOf(target, it->path().filename().string()) ||
+            ::lstat(it->path().c_str(), &st) != 0 || !S_ISREG(st.st_mode) ||
+            st.st_uid != ::geteuid())
             continue;
         const auto written = it->last_write_time(ec);
         if (ec || now - written < minAge)
@@ -220,6 +263,14 @@ std::optional<fs::path> keepAside(const fs::path& path, std::string_view tag) {
         return std::nullopt;
     }
     return target;
+}
+
+std::string stampOf(const fs::path& path) {
+    struct stat st {};
+    if (path.empty() || ::stat(path.c_str(), &st) != 0)
+        return {};
+    return std::to_string(st.st_ino) + ":" + std::to_string(st.st_size) + ":" +
+           std::to_string(st.st_mtim.tv_sec) + "." + std::to_string(st.st_mtim.tv_nsec);
 }
 
 bool ensureDirectory(const fs::path& dir, Failure* why) {

@@ -2,10 +2,12 @@
 #include <optional>
 #include <vector>
 
-#include "state/PlistText.h"
+#include "state/PlistShape.h"
 
-// Checks made on a binary property list before libplist sees it: the
-// object table is walked from the trailer, without building anything.
+// The binary form: a header, the objects, a table of their offsets, and a
+// trailer saying how wide offsets and references are, how many objects there
+// are and which is the top one. The walk below follows references from the
+// top object without building anything.
 
 namespace zt::plist {
 
@@ -18,6 +20,8 @@ std::uint64_t bigEndian(const unsigned char* p, std::size_t n) {
     return v;
 }
 
+constexpr std::uint64_t kHeader = 8;  // "bplist00"
+
 struct Layout {
     const unsigned char* data;
     std::size_t offsetSize;
@@ -26,13 +30,16 @@ struct Layout {
     std::uint64_t top;
     // Where the offset table starts, which is where the objects end.
     std::uint64_t table;
+
+    std::uint64_t offsetOf(std::uint64_t object) const {
+        return bigEndian(data + table + object * offsetSize, offsetSize);
+    }
 };
 
-// Header, trailer and the offset table; nullopt when they do not add up, a
-// file left to the parser, which refuses it without reading any object.
+// Header, trailer and the offset table; nullopt when they do not add up.
 std::optional<Layout> readLayout(std::string_view bytes) {
     constexpr std::size_t kTrailer = 32;
-    if (bytes.size() < 8 + kTrailer)
+    if (bytes.size() < kHeader + kTrailer)
         return std::nullopt;
     const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
     const unsigned char* trailer = data + bytes.size() - kTrailer;
@@ -52,7 +59,6 @@ std::optional<Layout> readLayout(std::string_view bytes) {
 
 // The element count of the object at `at` and where its contents start: the
 // marker's low nibble, or, when that is 0xF, the integer object after it.
-// nullopt when the count runs past the objects.
 struct Header {
     std::uint64_t count;
     std::uint64_t contents;
@@ -72,75 +78,77 @@ std::optional<Header> readHeader(const unsigned char* data, std::uint64_t at, st
     return Header{n, pos};
 }
 
+bool holdsNul(const unsigned char* text, std::uint64_t units, std::uint64_t unit) {
+    for (std::uint64_t k = 0; k < units; ++k) {
+        if (bigEndian(text + k * unit, unit) == 0)
+            return true;
+    }
+    return false;
+}
+
 }  // namespace
 
-bool binaryWithinDepth(std::string_view bytes, int maxDepth) {
+std::string checkBinary(std::string_view bytes, const Bounds& bounds) {
     const auto layout = readLayout(bytes);
     if (!layout)
-        return true;
-    const auto [data, offsetSize, refSize, count, top, table] = *layout;
+        return "";
+    const Layout& l = *layout;
+    // Every object takes at least one byte.
+    if (l.table < kHeader || l.count > l.table - kHeader)
+        return "more objects than the file can hold";
 
-    // Depth-first walk over containers. An object is walked again only when
-    // reached at a greater depth than before, so shared objects cost little
-    // and a cycle runs into the depth limit.
-    std::vector<std::uint8_t> reached(count, 0);
-    std::vector<std::pair<std::uint64_t, int>> pending{{top, 1}};
+    std::vector<bool> reached(l.count, false);  // containers seen so far
+    std::uint64_t nodes = 0;
+    std::uint64_t text = 0;
+    std::vector<std::pair<std::uint64_t, int>> pending{{l.top, 1}};
     while (!pending.empty()) {
         const auto [object, depth] = pending.back();
         pending.pop_back();
-        const std::uint64_t at = bigEndian(data + table + object * offsetSize, offsetSize);
-        if (at >= table)
+        if (++nodes > bounds.maxNodes)
+            return "more than " + std::to_string(bounds.maxNodes) + " values";
+        const std::uint64_t at = l.offsetOf(object);
+        if (at < kHeader || at >= l.table)
+            return "an object outside the object table";
+        const unsigned type = l.data[at] >> 4;
+        const bool container = type == 0xA || type == 0xC || type == 0xD;
+        // 0x4n: n bytes of data; 0x5n: n ASCII bytes; 0x6n: n UTF-16 units,
+        // up to three bytes each once converted.
+        if (!container && (type < 0x4 || type > 0x6))
             continue;
-        const unsigned type = data[at] >> 4;
-        if (type != 0xA && type != 0xC && type != 0xD)
-            continue;
-        if (depth > maxDepth)
-            return false;
-        if (reached[object] >= depth)
-            continue;
-        reached[object] = static_cast<std::uint8_t>(depth);
-        const auto header = readHeader(data, at, table);
+        const auto header = readHeader(l.data, at, l.table);
         if (!header)
-            continue;
+            return "a count that runs past the objects";
         const auto [n, pos] = *header;
+        const std::uint64_t room = l.table - pos;
+        if (!container) {
+            const std::uint64_t unit = type == 0x6 ? 2 : 1;
+            if (n > room / unit)
+                return "a text that runs past the objects";
+            text += type == 0x6 ? 3 * n : n;
+            if (text > bounds.maxText)
+                return "more than " + std::to_string(bounds.maxText) + " bytes of text";
+            if (type != 0x4 && holdsNul(l.data + pos, n, unit))
+                return "a NUL character in a text";
+            continue;
+        }
+        // A container reached twice is shared or part of a cycle: the parser
+        // would copy it once per reference, without bound.
+        if (reached[object])
+            return "a list or dictionary referenced more than once";
+        reached[object] = true;
+        if (depth > bounds.maxDepth)
+            return "nested deeper than " + std::to_string(bounds.maxDepth) + " levels";
         const std::uint64_t refs = type == 0xD ? 2 * n : n;
-        if (n > (table - pos) / refSize || refs > (table - pos) / refSize)
-            continue;
+        if (n > room / l.refSize || refs > room / l.refSize)
+            return "a list that runs past the objects";
         for (std::uint64_t k = 0; k < refs; ++k) {
-            const std::uint64_t ref = bigEndian(data + pos + k * refSize, refSize);
-            if (ref < count)
-                pending.emplace_back(ref, depth + 1);
+            const std::uint64_t ref = bigEndian(l.data + pos + k * l.refSize, l.refSize);
+            if (ref >= l.count)
+                return "a reference to no object";
+            pending.emplace_back(ref, depth + 1);
         }
     }
-    return true;
-}
-
-bool binaryTextHasNul(std::string_view bytes) {
-    const auto layout = readLayout(bytes);
-    if (!layout)
-        return false;
-    const auto [data, offsetSize, refSize, count, top, table] = *layout;
-    for (std::uint64_t object = 0; object < count; ++object) {
-        const std::uint64_t at = bigEndian(data + table + object * offsetSize, offsetSize);
-        if (at >= table)
-            continue;
-        // 0x5n: n ASCII bytes; 0x6n: n UTF-16 units (keys are strings too).
-        const unsigned type = data[at] >> 4;
-        if (type != 0x5 && type != 0x6)
-            continue;
-        const auto header = readHeader(data, at, table);
-        if (!header)
-            continue;
-        const auto [n, pos] = *header;
-        const std::uint64_t unit = type == 0x5 ? 1 : 2;
-        if (n > (table - pos) / unit)
-            continue;
-        for (std::uint64_t k = 0; k < n; ++k) {
-            if (bigEndian(data + pos + k * unit, unit) == 0)
-                return true;
-        }
-    }
-    return false;
+    return "";
 }
 
 }  // namespace zt::plist

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "framework/Log.h"
+#include "state/PlistShape.h"
 #include "state/PlistText.h"
 
 namespace zt::plist {
@@ -33,14 +34,21 @@ std::optional<std::string> textFrom(const char* s) {
 Value fromNode(plist_t node, int depth);
 
 Value arrayFrom(plist_t node, int depth) {
+    // Walked with an iterator: fetching items by index costs a walk of the
+    // list each, quadratic in its length.
     Array array;
-    const std::uint32_t n = plist_array_get_size(node);
-    array.reserve(n);
-    for (std::uint32_t i = 0; i < n; ++i) {
-        Value item = fromNode(plist_array_get_item(node, i), depth + 1);
-        if (!item.isNull())
-            array.push_back(std::move(item));
+    array.reserve(plist_array_get_size(node));
+    plist_array_iter it = nullptr;
+    plist_array_new_iter(node, &it);
+    for (plist_t item = nullptr;;) {
+        plist_array_next_item(node, it, &item);
+        if (!item)
+            break;
+        Value v = fromNode(item, depth + 1);
+        if (!v.isNull())
+            array.push_back(std::move(v));
     }
+    std::free(it);
     return Value(std::move(array));
 }
 
@@ -177,12 +185,10 @@ std::optional<Value> parse(std::string_view bytes) {
         return std::nullopt;
     }
     const bool binary = isBinary(bytes);
-    if (binary ? !binaryWithinDepth(bytes, kMaxDepth) : !xmlWithinDepth(bytes, kMaxDepth)) {
-        log("property list: nested deeper than " + std::to_string(kMaxDepth) + " levels");
-        return std::nullopt;
-    }
-    if (binary && binaryTextHasNul(bytes)) {
-        log("property list: a binary list with a NUL character in its text");
+    const Bounds bounds{kMaxDepth, kMaxNodes, kMaxText};
+    const std::string refused = binary ? checkBinary(bytes, bounds) : checkXml(bytes, bounds);
+    if (!refused.empty()) {
+        log("property list refused: " + refused);
         return std::nullopt;
     }
     bool damaged = false;

@@ -55,8 +55,12 @@ bool writable(char32_t c) {
     return allowedInXml(c) && !isNonCharacterMark(c);
 }
 
+// Control characters, line separators and the bidirectional controls, which
+// would turn the rest of a list row around (U+202E shows "abc" as "cba").
 bool isControl(char32_t c) {
-    return c < 0x20 || (c >= 0x7F && c <= 0x9F) || c == 0x2028 || c == 0x2029;
+    return c < 0x20 || (c >= 0x7F && c <= 0x9F) || c == 0x2028 || c == 0x2029 || c == 0x061C ||
+           c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
 }
 
 bool isSpace(char32_t c) {
@@ -170,40 +174,6 @@ std::string markDamage(std::string_view xml, bool& damaged) {
         }
     }
     return out;
-}
-
-bool xmlWithinDepth(std::string_view xml, int maxDepth) {
-    int depth = 0;
-    for (std::size_t i = xml.find('<'); i != std::string_view::npos; i = xml.find('<', i + 1)) {
-        const std::string_view rest = xml.substr(i);
-        // Comments, CDATA sections, the declaration and the doctype hold no
-        // elements.
-        for (const auto& [open, close] : {std::pair{"<!--", "-->"}, std::pair{"<![CDATA[", "]]>"},
-                                          std::pair{"<?", "?>"}, std::pair{"<!", ">"}}) {
-            if (rest.substr(0, std::string_view(open).size()) == open) {
-                i = xml.find(close, i);
-                if (i == std::string_view::npos)
-                    return true;
-                break;
-            }
-        }
-        if (rest.size() < 2 || rest[1] == '!' || rest[1] == '?')
-            continue;
-        const bool closing = rest[1] == '/';
-        const std::size_t nameStart = closing ? 2 : 1;
-        const std::size_t nameEnd = rest.find_first_of(" \t\r\n/>", nameStart);
-        const std::string_view name = rest.substr(nameStart, nameEnd - nameStart);
-        if (name != "array" && name != "dict")
-            continue;
-        const std::size_t tagEnd = rest.find('>');
-        if (closing) {
-            --depth;
-        } else if (tagEnd == std::string_view::npos || rest[tagEnd - 1] != '/') {
-            if (++depth > maxDepth)
-                return false;
-        }
-    }
-    return true;
 }
 
 }  // namespace zt::plist

@@ -21,8 +21,9 @@ inline constexpr std::string_view kDamageMark = "\xEF\xB7\x90";  // U+FDD0
 std::string sanitizeText(std::string_view text);
 
 // A one-line name as typed or pasted: sanitizeText, then no control
-// characters at all (tabs and line breaks included) and no white space at
-// either end. "" when nothing printable is left.
+// characters at all (tabs and line breaks included, and the bidirectional
+// controls) and no white space at either end. "" when nothing printable is
+// left.
 std::string sanitizeName(std::string_view text);
 
 // Whether text is valid UTF-8 free of the characters sanitizeText removes.
@@ -33,15 +34,5 @@ bool isCleanText(std::string_view text);
 // reference such as "&#x0;" to one) replaced by kDamageMark, so that the
 // rest of the file still parses. Sets damaged when anything was replaced.
 std::string markDamage(std::string_view xml, bool& damaged);
-
-// Whether arrays and dictionaries nest at most maxDepth levels deep. Deeper
-// lists are refused before they are parsed: the parser and the conversion
-// recurse once per level and would overflow the stack.
-bool xmlWithinDepth(std::string_view xml, int maxDepth);
-bool binaryWithinDepth(std::string_view bytes, int maxDepth);
-
-// Whether a binary property list holds a string or key with a NUL character,
-// which libplist's getters assert against (ending the program).
-bool binaryTextHasNul(std::string_view bytes);
 
 }  // namespace zt::plist

@@ -100,6 +100,23 @@ void StateProxy::readFromDisk() {
         dirty_ = true;
     }
     merge(root_, pending_);
+    rememberFile();
+}
+
+void StateProxy::rememberFile() {
+    fileStamp_ = file::stampOf(path_);
+}
+
+void StateProxy::takeOutsideChanges() {
+    if (blocked_ || !copy_.empty() || file::stampOf(path_) == fileStamp_)
+        return;
+    log("saveState.plist was changed by another program; its changes are kept");
+    auto opened = plist::openFile(path_, plist::RootKind::Dictionary);
+    if (opened.state != plist::Opened::State::Read)
+        return;  // gone or damaged (now kept aside): this run's state is written
+    root_ = std::move(opened.root.dictionary());
+    state::repairSections(root_);
+    merge(root_, changed_);
 }
 
 bool StateProxy::flush() {
@@ -119,11 +136,13 @@ bool StateProxy::write(bool tell) {
         why = blockedWhy_;
     } else {
         const fs::path dir = fs::path(path_).parent_path();
+        takeOutsideChanges();
         const std::string bytes = copy_.empty() ? plist::toXml(Value(root_)) : copy_;
         if (file::ensureDirectory(dir, &why) && file::writeAtomically(path_, bytes, &why)) {
             copy_.clear();
             dirty_ = false;
             pending_.clear();
+            rememberFile();
             return true;
         }
     }
@@ -140,6 +159,7 @@ void StateProxy::apply(const Dictionary& changes) {
     if (root_ == before)
         return;
     merge(pending_, changes);
+    merge(changed_, changes);
     copy_.clear();
     dirty_ = true;
     flush();

@@ -4,7 +4,10 @@
 //
 // The file is read once, on first use, and the parsed state is kept; every
 // change is merged into it and the file is written back whole and atomically,
-// only when something changed. On first use the default file is copied from
+// only when something changed. When someone else (another instance, an
+// editor) changed the file since this run last read or wrote it, it is read
+// again before the write and only the keys this run changed are put over it,
+// so neither side reverts the other. On first use the default file is copied from
 // the resources. A damaged file is kept aside as "saveState.plist.corrupt"
 // and replaced by the default; a section that is missing or not a dictionary
 // is restored from the defaults, the other sections kept.
@@ -66,6 +69,10 @@ private:
     void apply(const Dictionary& changes);
     std::optional<Dictionary> section(const std::string& name);
 
+    // Reads the file again when it is not the one last read or written.
+    void takeOutsideChanges();
+    void rememberFile();
+
     bool loaded_ = false;
     std::string path_;  // "" when there is no data folder
     Dictionary root_;
@@ -79,6 +86,10 @@ private:
     bool blocked_ = false;
     std::string blockedWhy_;
     Dictionary pending_;
+    // Every key this run changed, in the file's shape.
+    Dictionary changed_;
+    // What identifies the file as last read or written: inode, size, time.
+    std::string fileStamp_;
     SaveNotice notice_;
 };
 

@@ -1,6 +1,9 @@
 // The shell's routing table, tab bar and loading cover, driven through
 // notifications as the rest of the program drives them.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QSignalSpy>
 #include <filesystem>
@@ -143,6 +146,7 @@ TEST_F(ToolsShellTest, TabChangesAreRecordedLocallyOrLoggedWhenRecordingFails) {
     analytics_.start(dataDir_ / "events.log", 10);
     for (int tab : {1, 2, 0})
         tools_.selectTab(tab);
+    analytics_.flush();
     std::ifstream in(dataDir_ / "events.log");
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);)
@@ -152,6 +156,33 @@ TEST_F(ToolsShellTest, TabChangesAreRecordedLocallyOrLoggedWhenRecordingFails) {
                                         "General\tOpen_BrainTuner\tOpen_BrainTuner\t-1",
                                         "General\tOpen_Metronome\tOpen_Metronome\t-1"}));
     EXPECT_EQ(tools_.selectedIndex(), 0);
+}
+
+// A pipe in the log's place neither blocks the window nor receives events;
+// the log never grows past a megabyte.
+TEST_F(ToolsShellTest, EventLogIsARegularFileRotatedUnderAMegabyte) {
+    startShell();
+    const auto log = dataDir_ / "events.log";
+    std::filesystem::create_directories(dataDir_);
+    ASSERT_EQ(::mkfifo(log.c_str(), 0600), 0);
+    const int reader = ::open(log.c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_GE(reader, 0);
+    analytics_.start(log, 10);
+    tools_.selectTab(1);
+    analytics_.flush();
+    tools_.selectTab(2);
+    EXPECT_TRUE(logged("Error analitics - TunerBrain"));
+    char byte = 0;
+    EXPECT_LE(::read(reader, &byte, 1), 0);
+    ::close(reader);
+
+    std::filesystem::remove(log);
+    for (int i = 0; i < 20000; ++i)
+        analytics_.trackEvent("General", "Open_Metronome", "Open_Metronome", i);
+    analytics_.flush();
+    const auto size = std::filesystem::file_size(log);
+    EXPECT_LT(size + std::filesystem::file_size(log.string() + ".1"), 1u << 20);
+    EXPECT_GT(size, 0u);
 }
 
 // A save that failed in the state layer reaches the user as the shell's

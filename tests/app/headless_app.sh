@@ -82,4 +82,21 @@ for name in metronome chromatic-tuner brain-tuner chords tunings metronome-setti
 done
 echo "ok: screenshots rendered"
 [ ! -e "$ZEBTOOLS_DATA_DIR/window.ini" ] || fail "a run without a display wrote the window's place"
-echo "5 passed, 0 failed"
+
+# Without the override the data folder is $HOME/.local/share/zebtools, an
+# XDG_DATA_HOME that is not absolute ignored; the files of the folder earlier
+# versions used, one level deeper, move up with what they hold.
+home="$work/home"
+old="$home/.local/share/zebtools/zebtools"
+mkdir -p "$old"
+perl -0pe 's#(<key>SelectedViewController</key>\s*<integer>)\d+#${1}2#' "$defaults" \
+    > "$old/saveState.plist"
+echo kept > "$old/notes.txt"
+(cd "$work" && unset ZEBTOOLS_DATA_DIR && HOME="$home" XDG_DATA_HOME=relative \
+    timeout 60 "$app" --verbose --quit-when-loaded) > "$work/log" 2>&1 || fail "app exited with $?"
+grep -q "someController = 2" "$work/log" || fail "the old folder's saved tab was not read"
+[ "$(cat "$home/.local/share/zebtools/notes.txt" 2>/dev/null)" = kept ] || fail "old files not moved"
+[ -f "$home/.local/share/zebtools/saveState.plist" ] || fail "state not in the data folder"
+[ ! -e "$old" ] && [ ! -e "$work/relative" ] || fail "files left in the old or a relative folder"
+echo "ok: data folder by the XDG rules, old files moved into it"
+echo "6 passed, 0 failed"

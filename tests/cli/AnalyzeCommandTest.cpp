@@ -99,6 +99,11 @@ TEST_F(AnalyzeCommandTest, BadArgumentsAndUnreadableFilesExitWithTwo) {
         {{sound, "--threshold", "101"}, "--threshold"},
         {{sound, "--base", "nan"}, "--base"},
         {{sound, "--detector", "yin"}, "--detector"},
+        {{write("1hz.wav", std::vector<float>(20000), 1)}, "a sample rate of 1 Hz is outside"},
+        {{write("999hz.wav", std::vector<float>(2000), 999)}, "999 Hz is outside 1000 to"},
+        {{write("1001khz.wav", std::vector<float>(2000), 1000001)}, "1000001 Hz is outside"},
+        {{write("empty.wav", {}, 44100)}, "empty.wav: the file holds no sound (no samples)"},
+        {{write("one.wav", {0.5f}, 44100)}, "one.wav: the file holds no sound (a single sample)"},
     };
     for (const auto& row : rows) {
         const Outcome run = analyze(row.args);
@@ -184,6 +189,8 @@ TEST_F(AnalyzeCommandTest, AnyRateChannelsAndFormat) {
         {"96k.caf", 96000, 4, SF_FORMAT_CAF | SF_FORMAT_FLOAT},
         {"192k.wav", 192000, 1, SF_FORMAT_WAV | SF_FORMAT_PCM_32},
         {"44k.ogg", 44100, 2, SF_FORMAT_OGG | SF_FORMAT_VORBIS},
+        {"lowest.wav", 1000, 1, SF_FORMAT_WAV | SF_FORMAT_PCM_16},
+        {"highest.wav", 1000000, 1, SF_FORMAT_WAV | SF_FORMAT_PCM_16},
     };
     for (const auto& row : rows) {
         const Outcome run =
@@ -211,7 +218,6 @@ TEST_F(AnalyzeCommandTest, OddSoundGivesNoPitchOrSenseNeverNan) {
         std::vector<float> frames;
         const char* note;  // of the last reading; nullptr: no pitch throughout
     } rows[] = {
-        {"empty.wav", {}, nullptr},
         {"short.wav", std::vector<float>(1000, 0.1f), nullptr},
         {"silence.wav", std::vector<float>(44100, 0.0f), nullptr},
         {"dc.wav", dc, nullptr},

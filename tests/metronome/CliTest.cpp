@@ -2,14 +2,19 @@
 #include <gtest/gtest.h>
 #include <sndfile.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <sstream>
+#include <thread>
 #include <vector>
 
 #include "ClickTrack.h"
@@ -170,6 +175,127 @@ TEST(MetronomeCommand, FailedWriteKeepsThePreviousFile) {
         << err2.str();
     EXPECT_EQ(fs::file_size(path), 44u + 2u * 44100u);
     EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
+    fs::remove_all(dir);
+}
+
+// The --out file in a folder of its own: what the folder holds beforehand,
+// and what the run must leave there.
+struct OutCase {
+    const char* what;
+    std::function<void(const std::filesystem::path& dir)> before;
+    int code;
+    const char* says;
+    std::function<void(const std::filesystem::path& dir)> after;
+};
+
+void PrintTo(const OutCase& c, std::ostream* os) {
+    *os << c.what;
+}
+
+class OutFileTest : public ::testing::TestWithParam<OutCase> {};
+
+std::string contentOf(const std::filesystem::path& path) {
+    std::ifstream in(path);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+int entriesIn(const std::filesystem::path& dir) {
+    namespace fs = std::filesystem;
+    return static_cast<int>(std::distance(fs::directory_iterator(dir), fs::directory_iterator()));
+}
+
+const OutCase kOutCases[] = {
+    {"a symbolic link is replaced, the file it points to is not",
+     [](const auto& dir) {
+         std::filesystem::create_directory(dir / "elsewhere");
+         std::ofstream(dir / "elsewhere" / "theirs.txt") << "theirs";
+         std::filesystem::create_symlink(dir / "elsewhere" / "theirs.txt", dir / "click.wav");
+     },
+     kExitOk, "",
+     [](const auto& dir) {
+         EXPECT_EQ(contentOf(dir / "elsewhere" / "theirs.txt"), "theirs");
+         EXPECT_EQ(entriesIn(dir / "elsewhere"), 1);
+         EXPECT_TRUE(
+             std::filesystem::is_regular_file(std::filesystem::symlink_status(dir / "click.wav")));
+     }},
+    {"a new file honours the umask", [](const auto&) { ::umask(077); }, kExitOk, "",
+     [](const auto& dir) {
+         ::umask(022);
+         struct stat st {};
+         ASSERT_EQ(::stat((dir / "click.wav").c_str(), &st), 0);
+         EXPECT_EQ(st.st_mode & 0777, 0600u);
+     }},
+    {"a read-only file is reported as such and kept",
+     [](const auto& dir) {
+         std::ofstream(dir / "click.wav") << "kept";
+         std::filesystem::permissions(dir / "click.wav", std::filesystem::perms::owner_read);
+     },
+     kExitFailure, "click.wav: the file is read-only",
+     [](const auto& dir) {
+         EXPECT_EQ(contentOf(dir / "click.wav"), "kept");
+         EXPECT_EQ(entriesIn(dir), 1);
+     }},
+    {"temporaries of killed runs are removed, a fresh one is left",
+     [](const auto& dir) {
+         std::ofstream(dir / ".click.wav.aB3dE6") << "stale";
+         std::ofstream(dir / ".click.wav.fG7hI8") << "in progress";
+         std::filesystem::last_write_time(
+             dir / ".click.wav.aB3dE6",
+             std::filesystem::file_time_type::clock::now() - std::chrono::minutes(2));
+     },
+     kExitOk, "",
+     [](const auto& dir) {
+         EXPECT_FALSE(std::filesystem::exists(dir / ".click.wav.aB3dE6"));
+         EXPECT_TRUE(std::filesystem::exists(dir / ".click.wav.fG7hI8"));
+     }},
+};
+
+TEST_P(OutFileTest, WritesBesideThePathAsGiven) {
+    namespace fs = std::filesystem;
+    std::string dir = (fs::temp_directory_path() / "zt-cli-out-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(dir.data()), nullptr);
+    GetParam().before(dir);
+    const fs::path path = fs::path(dir) / "click.wav";
+    std::ostringstream out, err;
+    EXPECT_EQ(runCli({"metronome", "--seconds", "1", "--out", path.string()}, out, err),
+              GetParam().code)
+        << err.str();
+    EXPECT_NE(err.str().find(GetParam().says), std::string::npos) << err.str();
+    GetParam().after(dir);
+    fs::remove_all(dir);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, OutFileTest, ::testing::ValuesIn(kOutCases));
+
+// Ctrl-C or a kill during a long render leaves no temporary file behind.
+TEST(MetronomeCommand, InterruptedRenderRemovesItsTemporary) {
+    namespace fs = std::filesystem;
+    std::string dir = (fs::temp_directory_path() / "zt-cli-out-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(dir.data()), nullptr);
+    for (const int signal : {SIGINT, SIGTERM}) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            std::ostringstream out, err;
+            ::_exit(
+                runCli({"metronome", "--seconds", "3600", "--out", dir + "/long.wav"}, out, err));
+        }
+        // Once the WAV header is in, the render is under way.
+        const auto started = [&dir] {
+            std::error_code ec;
+            for (const auto& entry : fs::directory_iterator(dir))
+                if (fs::file_size(entry.path(), ec) > 0)
+                    return true;
+            return false;
+        };
+        while (!started())
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        ::kill(child, signal);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal);
+        EXPECT_EQ(entriesIn(dir), 0) << "after signal " << signal;
+    }
     fs::remove_all(dir);
 }
 

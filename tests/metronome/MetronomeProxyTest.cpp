@@ -76,6 +76,33 @@ TEST_F(MetronomeProxyTest, PresetsAreWrittenThroughAndReadBackInOrder) {
     EXPECT_EQ(again->presetNameForIndex(1), "Fast");
 }
 
+// Two instances and an editor: each write makes only its own additions and
+// removals to the file as it is then, so no one's presets are lost.
+TEST_F(MetronomeProxyTest, SavesKeepThePresetsOthersMadeOrRemoved) {
+    const Dictionary kept = preset("Kept", "1-4-4-1-1-0-60");
+    const Dictionary gone = preset("Gone", "1-4-4-1-1-0-61");
+    const Dictionary second = preset("Second", "1-4-4-1-1-0-62");
+    const Dictionary edited = preset("Edited", "1-4-4-1-1-0-63");
+    const Dictionary first = preset("First", "1-4-4-1-1-0-64");
+    auto one = loaded();
+    one->saveCurrentState(kept);
+    one->saveCurrentState(gone);
+    auto two = loaded();
+    two->saveCurrentState(second);
+    Array inEditor = fileContent().array();
+    inEditor.emplace_back(edited);
+    writeBytes(presetsPath(), plist::toXml(Value(inEditor)));
+
+    one->removePresetWithIndex(2);
+    one->saveCurrentState(first);
+    const Array afterOne{"1.0", kept, second, edited, first};
+    EXPECT_EQ(fileContent(), Value(afterOne));
+    EXPECT_EQ(one->presetsArray(), afterOne);
+
+    two->removePresetWithIndex(1);
+    EXPECT_EQ(fileContent(), Value(Array{"1.0", second, edited, first}));
+}
+
 TEST_F(MetronomeProxyTest, StateFindsTheFirstExactMatch) {
     auto proxy = loaded();
     proxy->saveCurrentState(preset("A", "1-4-4-1-1-0-60"));

@@ -154,23 +154,11 @@ TEST_F(PlistFileTest, DeeplyNestedListsAreRefusedNotParsed) {
 
     // The same in the binary form: object i is an array holding object i+1.
     const int depth = 200000;
-    std::string bin = "bplist00";
-    std::vector<std::uint32_t> offsets;
-    const auto put = [&bin](std::uint64_t v, int bytes) {
-        for (int b = bytes - 1; b >= 0; --b)
-            bin += static_cast<char>((v >> (8 * b)) & 0xFF);
-    };
-    for (int i = 0; i < depth; ++i) {
-        offsets.push_back(static_cast<std::uint32_t>(bin.size()));
-        bin += static_cast<char>(i + 1 < depth ? 0xA1 : 0xA0);
-        if (i + 1 < depth)
-            put(static_cast<std::uint64_t>(i + 1), 4);
-    }
-    const std::size_t table = bin.size();
-    for (auto offset : offsets)
-        put(offset, 4);
-    bin += std::string(6, '\0') + "\x04\x04";
-    put(depth, 8), put(0, 8), put(table, 8);
+    std::vector<std::string> chain;
+    for (int i = 0; i + 1 < depth; ++i)
+        chain.push_back("\xA1" + test::bigEndian(i + 1, 4));
+    chain.push_back("\xA0");
+    const std::string bin = test::binaryPlist(chain, 4);
     EXPECT_FALSE(plist::parse(bin).has_value());
 
     const fs::path path = dataDir_ / "saveState.plist";
@@ -187,6 +175,8 @@ TEST_F(PlistFileTest, TextIsCleanedOnWriteAndOnlyDamagedValuesAreDroppedOnRead) 
               "de\tf");
     EXPECT_EQ(plist::sanitizeName("  \t Slow\nblues \xC2\xA0 "), "Slowblues");
     EXPECT_EQ(plist::sanitizeName(" \xE3\x80\x80 "), "");
+    // U+202E, U+2067, U+200F: the bidirectional controls.
+    EXPECT_EQ(plist::sanitizeName("\xE2\x80\xAEslow\xE2\x81\xA7 blues\xE2\x80\x8F"), "slow blues");
 
     const std::string xml = plist::toXml(Dictionary{{"k\x01", pasted}});
     EXPECT_TRUE(plist::isCleanText(xml));

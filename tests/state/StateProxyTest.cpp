@@ -1,5 +1,6 @@
 // The saved-state file: first run, merging saves, damaged files and a data
 // folder that cannot be written.
+#include <pwd.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -208,6 +209,63 @@ TEST_F(StateProxyTest, ReadsOnceAndWritesOnlyWhatChanged) {
     EXPECT_EQ(proxy()->getCommonData(), (Dictionary{{"Tuning", 0}}));
 }
 
+// Two instances and an editor: each save puts only the keys its run changed
+// over the file as it is now, so no one's change is reverted.
+TEST_F(StateProxyTest, SavesKeepWhatOthersChangedMeanwhile) {
+    proxy()->saveCommonState({{"Tuning", 3}});
+    // Another instance: it reads the file, waits for a byte on `go`, saves
+    // its changes and ends.
+    int ready[2], go[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    ASSERT_EQ(::pipe(go), 0);
+    const auto otherInstance = [&](const Dictionary& changes) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            StateProxy other;
+            other.getCommonData();
+            char byte = 0;
+            const bool synced = ::write(ready[1], "r", 1) == 1 && ::read(go[0], &byte, 1) == 1;
+            other.saveChordsLibraryState(changes);
+            ::_exit(synced && other.flush() ? 0 : 1);
+        }
+        char byte = 0;
+        EXPECT_EQ(::read(ready[0], &byte, 1), 1);
+        return child;
+    };
+    const auto finish = [&](pid_t child) {
+        EXPECT_EQ(::write(go[1], "g", 1), 1);
+        int status = 1;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    };
+    finish(otherInstance({{"ChordName", "Am"}, {"notes", true}}));
+    Dictionary edited = readDictionary(statePath());
+    edited["BrainSettings"].dictionary()["Loop"] = true;
+    edited["CommonSettings"].dictionary()["Tuning"] = 9;  // also changed by this run
+    writeBytes(statePath(), plist::toXml(edited));
+
+    const pid_t later = otherInstance({{"ChordName", "G"}});
+    proxy()->saveMetromoneState({{"BPM", 100}});
+    const auto in = [](const Dictionary& saved, const char* section, const char* key) {
+        return valueFor(valueFor(saved, section).dictionary(), key);
+    };
+    Dictionary saved = readDictionary(statePath());
+    EXPECT_EQ(in(saved, "ChordsSettings", "ChordName"), Value("Am"));
+    EXPECT_EQ(in(saved, "ChordsSettings", "notes"), Value(true));
+    EXPECT_EQ(in(saved, "BrainSettings", "Loop"), Value(true));
+    EXPECT_EQ(in(saved, "CommonSettings", "Tuning"), Value(3));
+    EXPECT_EQ(valueFor(*proxy()->getChordsLibraryData(), "ChordName"), Value("Am"));
+
+    // The instance that read the file before that save saves after it.
+    finish(later);
+    saved = readDictionary(statePath());
+    EXPECT_EQ(in(saved, "ChordsSettings", "ChordName"), Value("G"));
+    EXPECT_EQ(in(saved, "MetronomeSettings", "BPM"), Value(100));
+    EXPECT_EQ(in(saved, "CommonSettings", "Tuning"), Value(3));
+    for (int fd : {ready[0], ready[1], go[0], go[1]})
+        ::close(fd);
+}
+
 TEST_F(StateProxyTest, FailedSavesAreKeptRetriedAndToldOnce) {
     const struct {
         const char* what;
@@ -319,22 +377,35 @@ TEST_F(StateProxyTest, KillDuringSavesNeverLeavesABrokenFile) {
 }
 
 // With no HOME and no XDG_DATA_HOME the folder used to be "/.local/share".
-TEST_F(StateProxyTest, DataFolderIsNeverTheRootOfTheFileSystem) {
+// The XDG rules: only an absolute XDG_DATA_HOME counts, the root of the file
+// system never does, and without HOME the account's home gives the same
+// folder as with it.
+TEST_F(StateProxyTest, DataFolderFollowsTheXdgRulesNeverTheRoot) {
     const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+    const passwd* account = ::getpwuid(::getuid());
+    const fs::path own = account && account->pw_dir ? account->pw_dir : "/";
+    const fs::path ownDir = own == "/" ? fs::path() : own / ".local/share/zebtools";
+    const std::string tmp = root_.string();
+    const std::string xdg = (root_ / "xdg").string();
     ::unsetenv("ZEBTOOLS_DATA_DIR");
     const struct {
         const char* home;  // nullptr: unset
         const char* xdg;
-    } cases[] = {{nullptr, nullptr}, {"/", nullptr}, {"", "relative/dir"}};
+        fs::path dir;
+    } cases[] = {
+        {nullptr, nullptr, ownDir},
+        {own.c_str(), nullptr, ownDir},
+        {"/", nullptr, ownDir},
+        {"", "relative/dir", ownDir},
+        {tmp.c_str(), "relative/dir", root_ / ".local/share/zebtools"},
+        {tmp.c_str(), "/", root_ / ".local/share/zebtools"},
+        {tmp.c_str(), xdg.c_str(), root_ / "xdg/zebtools"},
+    };
     for (const auto& c : cases) {
         c.home ? ::setenv("HOME", c.home, 1) : ::unsetenv("HOME");
         c.xdg ? ::setenv("XDG_DATA_HOME", c.xdg, 1) : ::unsetenv("XDG_DATA_HOME");
-        const fs::path dir = paths::dataDir();
-        // The account's home, or nothing (and nothing saved).
-        if (!dir.empty()) {
-            EXPECT_TRUE(dir.is_absolute()) << dir;
-            EXPECT_NE(dir.parent_path().parent_path().parent_path(), dir.root_path()) << dir;
-        }
+        EXPECT_EQ(paths::dataDir(), c.dir)
+            << (c.home ? c.home : "(no HOME)") << " " << (c.xdg ? c.xdg : "(no XDG_DATA_HOME)");
     }
     ::setenv("HOME", home.c_str(), 1);
     ::unsetenv("XDG_DATA_HOME");

@@ -8,6 +8,7 @@
 #include <sys/mount.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -48,6 +49,29 @@ inline bool mountSmallDisk(const std::filesystem::path& dir, std::size_t bytes) 
 
 inline bool remountReadOnly(const std::filesystem::path& dir) {
     return ::mount(nullptr, dir.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+}
+
+// v in `bytes` bytes, most significant first, as the binary property list
+// form stores numbers.
+inline std::string bigEndian(std::uint64_t v, int bytes) {
+    std::string out;
+    for (int b = bytes - 1; b >= 0; --b)
+        out += static_cast<char>((v >> (8 * b)) & 0xFF);
+    return out;
+}
+
+// A binary property list of the given objects (marker byte and contents,
+// references refSize bytes wide), object 0 on top, offsets 4 bytes wide.
+inline std::string binaryPlist(const std::vector<std::string>& objects, int refSize) {
+    std::string bin = "bplist00";
+    std::string offsets;
+    for (const auto& object : objects) {
+        offsets += bigEndian(bin.size(), 4);
+        bin += object;
+    }
+    const std::size_t table = bin.size();
+    bin += offsets + std::string(6, '\0') + '\x04' + static_cast<char>(refSize);
+    return bin + bigEndian(objects.size(), 8) + bigEndian(0, 8) + bigEndian(table, 8);
 }
 
 class DataDirTest : public ::testing::Test {
