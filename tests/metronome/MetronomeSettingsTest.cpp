@@ -213,6 +213,24 @@ TEST_F(MetronomeSettingsTest, AddingOrDeletingChangesOneRowOfTheList) {
     EXPECT_EQ(model->count(), 3);
 }
 
+// A name from a file written elsewhere keeps its characters; its row does not
+// run backwards.
+TEST_F(MetronomeSettingsTest, RowsLeaveOutBidirectionalControls) {
+    const std::string name = "\u202Eabc\u2066d\u200F";
+    presets->saveCurrentState(Dictionary{{"packNumber", 1},
+                                         {"timeSig1Value", 4},
+                                         {"timeSig2Value", 4},
+                                         {"notesPerBeat", 1},
+                                         {"isFirstBeatNeed", true},
+                                         {"isTempoX2", false},
+                                         {"BPM", 100},
+                                         {"state", "1-4-4-1-1-0-100"},
+                                         {"name", name}});
+    screen.presets()->reload();
+    EXPECT_EQ(shownNames(), names({"abcd"}));
+    EXPECT_EQ(presets->presetNameForIndex(1), name);
+}
+
 TEST_F(MetronomeSettingsTest, AddedPresetIsMarkedSavedAndScrolledTo) {
     QSignalSpy scrolled(&screen, &MetronomeSettings::scrollToPreset);
     addPreset("First");

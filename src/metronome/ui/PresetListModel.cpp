@@ -4,6 +4,22 @@
 
 namespace zt {
 
+namespace {
+
+// A name as a row shows it: without the bidirectional controls, which would
+// turn the rest of the row around (U+202E shows "abc" as "cba"). Names typed
+// here never hold them; a file written elsewhere may, and keeps them.
+QString shownName(QString name) {
+    name.removeIf([](QChar c) {
+        const char16_t u = c.unicode();
+        return u == 0x061C || u == 0x200E || u == 0x200F || (u >= 0x202A && u <= 0x202E) ||
+               (u >= 0x2066 && u <= 0x2069);
+    });
+    return name;
+}
+
+}  // namespace
+
 void PresetListModel::setDelegate(const MetronomeSettingsDelegate* delegate) {
     delegate_ = delegate;
     reload();
@@ -48,7 +64,7 @@ int PresetListModel::rowCount(const QModelIndex& parent) const {
 QVariant PresetListModel::data(const QModelIndex& index, int role) const {
     if (role != NameRole || !delegate_ || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return QString::fromStdString(delegate_->presetNameForIndex(index.row() + 1));
+    return shownName(QString::fromStdString(delegate_->presetNameForIndex(index.row() + 1)));
 }
 
 QHash<int, QByteArray> PresetListModel::roleNames() const {
