@@ -45,6 +45,8 @@ public:
     void willTerminate();
 
     Tools* tools() const { return tools_.get(); }
+    // The event log's writer runs on a thread of its own until stopped.
+    AnalyticsLog& analytics() { return analytics_; }
     int selectedIndex() const;
     const QStringList& toolItems() const { return toolItems_; }
     bool inBackGround() const { return inBackGround_; }

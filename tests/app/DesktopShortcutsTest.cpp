@@ -39,6 +39,8 @@ protected:
     }
     void TearDown() override {
         engine_.reset();
+        // Its writer may still be adding to the data folder that goes next.
+        delegate_.analytics().stop();
         AppTestEnvironment::TearDown();
     }
 

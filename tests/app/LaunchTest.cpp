@@ -7,6 +7,7 @@
 #include <QQuickWindow>
 #include <QtTest/QTest>
 #include <memory>
+#include <ostream>
 
 #include "AppTestEnvironment.h"
 #include "app/ApplicationFacade.h"
@@ -27,6 +28,11 @@ struct LaunchCase {
     // they read with Open G (D2 G2 D3 G3 B3 D4), lists joined by spaces.
     std::vector<std::pair<const char*, std::string>> shown;
 };
+
+// Names the case by its tab, so test names stay the same from run to run.
+void PrintTo(const LaunchCase& c, std::ostream* out) {
+    *out << "tab " << c.tab;
+}
 
 class LaunchTest : public AppTestEnvironment, public ::testing::WithParamInterface<LaunchCase> {
 protected:
@@ -50,6 +56,8 @@ protected:
     }
     void TearDown() override {
         engine_.reset();
+        // Its writer may still be adding to the data folder that goes next.
+        delegate_.analytics().stop();
         AppTestEnvironment::TearDown();
     }
 

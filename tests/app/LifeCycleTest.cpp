@@ -35,6 +35,11 @@ protected:
         metronome_->startStop();
         output_.calls.clear();
     }
+    void TearDown() override {
+        // Its writer may still be adding to the data folder that goes next.
+        delegate_.analytics().stop();
+        AppTestEnvironment::TearDown();
+    }
 
     Tools& tools() { return *delegate_.tools(); }
     // What the output heard once the current turn of the event loop is over.

@@ -32,6 +32,12 @@ protected:
         facade.registerMediator(makeMediator<ToolsMediator>(&tools_, &analytics_));
     }
 
+    void TearDown() override {
+        // Its writer may still be adding to the data folder that goes next.
+        analytics_.stop();
+        AppTestEnvironment::TearDown();
+    }
+
     Tools tools_{engines_};
     AnalyticsLog analytics_;
 };
