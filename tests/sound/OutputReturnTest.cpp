@@ -126,13 +126,13 @@ TEST(OutputReturn, TheClickIsHeardAgainSoonAfterTheSinkComesBack) {
     SoundEngine engine;
     ASSERT_TRUE(engine.hasDevice());
     ClickRenderer clicks;
-    // A null sink that no stream asks for low latency renders up to 2 s
-    // ahead of time, and keeps what it rendered when one joins (a hardware
-    // sink rewinds on that change): OpenAL's stream, with its short buffer,
-    // is first heard only once that lead has played out. The
-    // sink comes back with the same 2 s lead, so the click cannot be heard
-    // sooner than 2 s after it, however soon the engine reconnects; that
-    // lead, measured here on a fresh stream, is the server's, not the engine's.
+    // A null sink that no stream asks for low latency mixes up to 2 s
+    // ahead of time. A stream that paplay starts is mixed into that lead at
+    // once, but the one openal-soft opens with the device is not: it is first
+    // heard once the lead has played out. The sink comes back with the same
+    // 2 s lead, so the click is not heard sooner than 2 s after it, however
+    // soon the engine reconnects; that wait, measured here on a fresh stream,
+    // is the server's and openal-soft's, not this engine's.
     double startLatency = 0.0;
     {
         Listener before;
