@@ -127,12 +127,10 @@ TEST(OutputReturn, TheClickIsHeardAgainSoonAfterTheSinkComesBack) {
     ASSERT_TRUE(engine.hasDevice());
     ClickRenderer clicks;
     // A null sink that no stream asks for low latency mixes up to 2 s
-    // ahead of time. A stream that paplay starts is mixed into that lead at
-    // once, but the one openal-soft opens with the device is not: it is first
-    // heard once the lead has played out. The sink comes back with the same
-    // 2 s lead, so the click is not heard sooner than 2 s after it, however
-    // soon the engine reconnects; that wait, measured here on a fresh stream,
-    // is the server's and openal-soft's, not this engine's.
+    // ahead of time, and comes back with that lead. A stream that openal-soft
+    // opens then is often heard only once the lead has played out (one that
+    // paplay starts is mixed in at once); that wait, measured here on a fresh
+    // stream, is not the engine's reconnection.
     double startLatency = 0.0;
     {
         Listener before;
