@@ -1,6 +1,7 @@
 #include "sound/AlContext.h"
 
 #include "framework/Log.h"
+#include "sound/OpenAlSettings.h"
 
 namespace zt {
 
@@ -34,6 +35,7 @@ AlContext::~AlContext() {
 
 AlContext::Output AlContext::open() const {
     Output output;
+    applyOpenAlSettings();
     output.device = alcOpenDevice(nullptr);
     if (!output.device)
         return {};

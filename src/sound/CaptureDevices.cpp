@@ -6,11 +6,13 @@
 #include <cstring>
 
 #include "framework/Log.h"
+#include "sound/OpenAlSettings.h"
 
 namespace zt::capture {
 
 std::vector<std::string> deviceNames() {
     std::vector<std::string> names;
+    applyOpenAlSettings();
     // Without the enumeration extension the specifier names one device only,
     // not a list; ALC_ENUMERATE_ALL_EXT implies it.
     if (!alcIsExtensionPresent(nullptr, "ALC_ENUMERATION_EXT") &&

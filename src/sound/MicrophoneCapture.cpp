@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "framework/Log.h"
+#include "sound/OpenAlSettings.h"
 
 namespace zt {
 
@@ -27,6 +28,7 @@ MicrophoneCapture::~MicrophoneCapture() {
 
 bool MicrophoneCapture::start(CaptureSink& sink, int rate) {
     stop();
+    applyOpenAlSettings();
     // A quarter of a second of room, twenty-five reads of the thread. The
     // room sets how the sound server hands the sound over: with a whole
     // second, PulseAudio starts only after 1.4 s.

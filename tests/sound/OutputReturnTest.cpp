@@ -52,7 +52,8 @@ std::string run(const std::string& command) {
 // Listens to the sink's monitor and notes when the first click arrives.
 class Listener {
 public:
-    Listener() {
+    explicit Listener(const std::string& sink = "zt_tone") {
+        const std::string device = "--device=" + sink + ".monitor";
         int ends[2];
         if (pipe(ends) != 0)
             return;
@@ -60,7 +61,7 @@ public:
         if (pid_ == 0) {
             dup2(ends[1], STDOUT_FILENO);
             close(ends[0]);
-            execlp("parec", "parec", "--device=zt_tone.monitor", "--format=s16le", "--channels=1",
+            execlp("parec", "parec", device.c_str(), "--format=s16le", "--channels=1",
                    "--rate=44100", "--latency-msec=20", "--raw", nullptr);
             _exit(127);
         }
@@ -169,6 +170,34 @@ TEST(OutputReturn, TheClickIsHeardAgainSoonAfterTheSinkComesBack) {
         delay, startLatency, lead.c_str());
     EXPECT_LT(delay - startLatency, 2.0);
     engine.stopStream(&clicks);
+}
+
+// Another output chosen in the system while the click plays (headphones
+// plugged in): the click moves there, as any other program's sound does.
+TEST(OutputReturn, TheClickFollowsTheSystemsChoiceOfOutput) {
+    if (!std::getenv("PULSE_SERVER") ||
+        run("pactl list short sinks").find("zt_tone") == std::string::npos)
+        GTEST_SKIP() << "needs the private PulseAudio server of output_return.sh";
+    run("pactl load-module module-null-sink sink_name=zt_phones rate=44100 >/dev/null");
+    run("pactl set-default-sink zt_tone");
+    SoundEngine engine;
+    ASSERT_TRUE(engine.hasDevice());
+    ClickRenderer clicks;
+    {
+        Listener speakers;
+        ASSERT_TRUE(engine.startStream(&clicks));
+        ASSERT_TRUE(speakers.firstClick(4s)) << "no click on the first output";
+    }
+    Listener phones("zt_phones");
+    std::this_thread::sleep_for(300ms);
+    run("pactl set-default-sink zt_phones");
+    const auto chosenAt = Clock::now();
+    const auto heard = phones.firstClick(4s);
+    ASSERT_TRUE(heard) << "the click stayed on the output it started on";
+    std::printf("first click on the newly chosen output %.3f s after the choice\n",
+                seconds(*heard - chosenAt));
+    engine.stopStream(&clicks);
+    run("pactl set-default-sink zt_tone");
 }
 
 }  // namespace
