@@ -4,9 +4,8 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // A screen on a navigation stack: the navigation bar (back button, title,
-// the "Tunings" button where the screen table offers it, the "Settings"
-// button where the screen offers it) above the screen's
-// view, loaded from the table with the screen as its one property.
+// and the "Settings" button where a tab's root screen offers it) above the
+// screen's view, loaded from the table with the screen as its one property.
 Page {
     id: page
     required property Tools tools
@@ -46,7 +45,6 @@ Page {
             font.pixelSize: 17
             font.bold: true
         }
-
 
         Button {
             id: settingsButton

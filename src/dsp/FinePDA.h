@@ -6,8 +6,10 @@
 //   1. Period: McLeod's normalised square difference of B (PeriodEstimate)
 //      gives a coarse fundamental and the block's clarity. It is read in the
 //      time domain, so a weak or missing fundamental does not matter.
-//   2. Partials: at every multiple of half that fundamental the Hann
-//      spectrum of B is searched for a peak. Its frequency comes from the
+//   2. Partials: at every multiple of a sixth of that fundamental
+//      (kGridDivisions), up to four times it, the Hann spectrum of B is
+//      searched for a peak; once the fundamental is settled, its own
+//      multiples above. Each peak's frequency comes from the
 //      phase it advanced between A and B, exact for a steady or decaying
 //      partial wherever it lies between bins; where A does not hold the
 //      partial yet (a note that has just begun) from a parabola through the

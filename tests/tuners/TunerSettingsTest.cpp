@@ -105,7 +105,7 @@ TEST_F(TunerSettingsTest, EachSwitchSavesAtOnceKeepingTheOtherKeys) {
     } flips[] = {
         {&TunerChromaticSettings::switcherLSAction, "LinearScale", false},
         {&TunerChromaticSettings::switcherANAction, "AllNotes", true},
-        {&TunerChromaticSettings::switcherCDAction, "ClassicDetection", true},
+        {&TunerChromaticSettings::toggleClassicDetection, "ClassicDetection", true},
         {&TunerChromaticSettings::switcherLSAction, "LinearScale", true},
     };
     for (const auto& f : flips) {

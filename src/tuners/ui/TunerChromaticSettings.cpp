@@ -64,7 +64,7 @@ void TunerChromaticSettings::switcherANAction() {
     currentSave();
 }
 
-void TunerChromaticSettings::switcherCDAction() {
+void TunerChromaticSettings::toggleClassicDetection() {
     classic_ = !classic_;
     emit changed();
     if (delegate_)

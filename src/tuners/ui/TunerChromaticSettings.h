@@ -66,7 +66,7 @@ public:
     Q_INVOKABLE void selectRow(int row);
     Q_INVOKABLE void switcherLSAction();
     Q_INVOKABLE void switcherANAction();
-    Q_INVOKABLE void switcherCDAction();
+    Q_INVOKABLE void toggleClassicDetection();
     // 0 is the system's default, k the k-th device of the list.
     Q_INVOKABLE void chooseInput(int choice);
 

@@ -142,7 +142,7 @@ Rectangle {
 
                         objectName: "classicDetectionSwitch"
                         checked: view.screen.classicDetection
-                        onToggled: view.screen.switcherCDAction()
+                        onToggled: view.screen.toggleClassicDetection()
                     }
                 }
             }
