@@ -8,7 +8,7 @@ FUZZ_SECONDS ?= 300
 FUZZ_JOBS ?= 1
 FUZZ_MODE ?= search
 
-.PHONY: all deps build run screenshots test test-asan test-tsan fuzz bench mutate format-check \
+.PHONY: all deps build run screenshots test test-asan test-tsan fuzz bench bench-short mutate format-check \
 	package package-check clean
 
 all: build
@@ -71,8 +71,20 @@ package: build
 package-check: deps
 	@bash tools/check-package.sh
 
+# Every benchmark's full run (minutes), then the tuner's in the real app
+# through a PulseAudio null sink; fails at the end if one could not measure.
 bench: build
-	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+	@status=0; \
+	for b in $(BUILD_DIR)/bench/bench_*; do \
+		[ -x "$$b" ] || continue; echo "::: $$b"; "$$b" || status=1; \
+	done; \
+	echo "::: bench/tuner_settle_live.sh"; \
+	bash bench/tuner_settle_live.sh $(BUILD_DIR)/src/zebtools || [ $$? -eq 77 ] || status=1; \
+	exit $$status
+
+# Each benchmark's short mode (seconds each), as the tests run them.
+bench-short: build
+	@ctest --preset default -L bench
 
 # Plants the slips of tools/mutations.txt one at a time and reports which the
 # tests catch (tens of minutes; not part of CI). MUTATE_ARGS e.g. "--sample 30".

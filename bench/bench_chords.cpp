@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "BenchRun.h"
 #include "chords/ChordLibrary.h"
 #include "chords/VariationOrder.h"
 #include "tuners/TuningCatalogue.h"
@@ -62,13 +63,11 @@ void walk(benchmark::State& state, bool sorted) {
 void BM_ChordsAllPairs(benchmark::State& state) {
     walk(state, false);
 }
-BENCHMARK(BM_ChordsAllPairs)->Unit(benchmark::kMillisecond)->MinTime(3.0);
+BENCHMARK(BM_ChordsAllPairs)->Unit(benchmark::kMillisecond)->MinTime(zt::bench::minTime(3.0));
 
 void BM_ChordsAllPairsSorted(benchmark::State& state) {
     walk(state, true);
 }
-BENCHMARK(BM_ChordsAllPairsSorted)->Unit(benchmark::kMillisecond)->MinTime(3.0);
+BENCHMARK(BM_ChordsAllPairsSorted)->Unit(benchmark::kMillisecond)->MinTime(zt::bench::minTime(3.0));
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -55,5 +55,3 @@ void BM_MetronomeRender240Sixteenths(benchmark::State& state) {
 BENCHMARK(BM_MetronomeRender240Sixteenths)->Arg(64)->Arg(256)->Arg(1024);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -78,5 +78,3 @@ BENCHMARK(BM_FineReadingAtAnOnset)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_RealTransform)->Arg(2048)->Arg(4096)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

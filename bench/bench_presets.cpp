@@ -14,6 +14,8 @@
 #include <fstream>
 #include <string>
 
+#include "AppRun.h"
+#include "BenchRun.h"
 #include "framework/Log.h"
 #include "metronome/MetronomeProxy.h"
 #include "state/PlistFile.h"
@@ -27,8 +29,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path dataDirWith(int presets) {
-    const fs::path dir =
-        fs::temp_directory_path() / ("zt-bench-presets-" + std::to_string(presets));
+    const fs::path dir = zt::bench::scratchPath("zt-bench-presets-" + std::to_string(presets));
     fs::remove_all(dir);
     fs::create_directories(dir);
     zt::Array list{zt::Value("1.0")};
@@ -113,7 +114,7 @@ const struct {
 // In a child process, so that the peak memory is that of the read alone.
 void BM_ReadCostlyFile(benchmark::State& state) {
     const auto& file = kCostlyFiles[state.range(0)];
-    const fs::path path = fs::temp_directory_path() / "zt-bench-costly.plist";
+    const fs::path path = zt::bench::scratchPath("zt-bench-costly.plist");
     std::ofstream(path, std::ios::binary) << file.bytes();
     state.SetLabel(file.name);
     double peakMB = 0;
@@ -139,7 +140,7 @@ void BM_ReadCostlyFile(benchmark::State& state) {
 BENCHMARK(BM_ReadCostlyFile)
     ->DenseRange(0, 4)
     ->UseManualTime()
-    ->Iterations(3)
+    ->Iterations(zt::bench::iterations(3))
     ->Unit(benchmark::kMillisecond);
 
 // One headless run that draws every screen, in a child process so that its
@@ -149,39 +150,27 @@ void BM_AppThroughEveryScreen(benchmark::State& state) {
     const fs::path shots = dir / "shots";
     double peakMB = 0;
     for (auto _ : state) {
-        const auto start = std::chrono::steady_clock::now();
-        const pid_t child = ::fork();
-        if (child == 0) {
-            ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-            ::setenv("ALSOFT_DRIVERS", "null", 1);
-            ::setenv("ZEBTOOLS_DATA_DIR", dir.c_str(), 1);
-            ::freopen("/dev/null", "w", stderr);
-            ::freopen("/dev/null", "w", stdout);
-            ::execl(ZEBTOOLS_APP_PATH, ZEBTOOLS_APP_PATH, "--screenshot", shots.c_str(),
-                    static_cast<char*>(nullptr));
-            ::_exit(127);
-        }
-        int status = 0;
-        rusage usage{};
-        if (child < 0 || ::wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) ||
-            WEXITSTATUS(status) != 0) {
+        const auto run = zt::bench::runApp(ZEBTOOLS_APP_PATH, {"--screenshot", shots}, dir);
+        if (!run.exitedCleanly) {
             state.SkipWithError("the application did not finish its screenshots");
             break;
         }
-        state.SetIterationTime(
-            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-        peakMB = static_cast<double>(usage.ru_maxrss) / 1024.0;
+        state.SetIterationTime(run.seconds);
+        peakMB = run.peakMB;
     }
     state.counters["peak_MB"] = peakMB;
     fs::remove_all(dir);
 }
+// The run without presets, for comparison, is left out of the short mode.
+void presetCounts(benchmark::internal::Benchmark* benchmark) {
+    if (!zt::bench::shortMode())
+        benchmark->Arg(0);
+    benchmark->Arg(10000);
+}
 BENCHMARK(BM_AppThroughEveryScreen)
-    ->Arg(0)
-    ->Arg(10000)
+    ->Apply(presetCounts)
     ->UseManualTime()
-    ->Iterations(3)
+    ->Iterations(zt::bench::iterations(3))
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

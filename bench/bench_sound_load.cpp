@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "BenchRun.h"
 #include "framework/Log.h"
 #include "sound/SoundBank.h"
 #include "sound/SoundDecoder.h"
@@ -53,10 +54,5 @@ int main(int argc, char** argv) {
     // loading does not depend on the output.
     setenv("ALSOFT_DRIVERS", "null", 0);
     zt::setLogQuiet(true);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return zt::bench::runRegistered(argc, argv);
 }

@@ -1,11 +1,14 @@
 // Time from starting the application to the loading cover lifting, measured
-// on the real program without a display.
+// on the real program without a display, on a data folder of its first
+// start; and the peak memory of that run, which quits once loaded (the
+// "peak_MB" counter). The debug log (--verbose) tells when the cover lifts.
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <string>
+#include <algorithm>
+#include <filesystem>
+
+#include "AppRun.h"
+#include "BenchRun.h"
 
 #ifndef ZEBTOOLS_APP_PATH
 #error "ZEBTOOLS_APP_PATH must name the application binary"
@@ -13,37 +16,32 @@
 
 namespace {
 
+namespace fs = std::filesystem;
+
 void BM_StartToCoverLifted(benchmark::State& state) {
-    const char* dataDir = "/tmp/zt-bench-startup";
-    const std::string command = std::string("rm -rf ") + dataDir +
-                                " && QT_QPA_PLATFORM=offscreen " +
-                                "ALSOFT_DRIVERS=null ZEBTOOLS_DATA_DIR=" + dataDir + " " +
-                                ZEBTOOLS_APP_PATH + " --quit-when-loaded 2>&1";
+    const fs::path dataDir = zt::bench::scratchPath("zt-bench-startup");
+    double peakMB = 0;
     for (auto _ : state) {
-        const auto start = std::chrono::steady_clock::now();
-        FILE* pipe = popen(command.c_str(), "r");
-        if (!pipe) {
-            state.SkipWithError("cannot start the application");
-            return;
-        }
-        char line[512];
-        double seconds = -1;
-        while (std::fgets(line, sizeof line, pipe)) {
-            if (seconds < 0 && std::string(line).find("Buffers was loaded") != std::string::npos) {
-                seconds =
-                    std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-            }
-        }
-        pclose(pipe);
-        if (seconds < 0) {
+        fs::remove_all(dataDir);
+        const auto run = zt::bench::runApp(ZEBTOOLS_APP_PATH, {"--verbose", "--quit-when-loaded"},
+                                           dataDir, "Buffers was loaded");
+        if (run.markerSeconds < 0) {
             state.SkipWithError("the loading cover never lifted");
-            return;
+            break;
         }
-        state.SetIterationTime(seconds);
+        if (!run.exitedCleanly) {
+            state.SkipWithError("the application did not quit cleanly");
+            break;
+        }
+        state.SetIterationTime(run.markerSeconds);
+        peakMB = std::max(peakMB, run.peakMB);
     }
+    state.counters["peak_MB"] = peakMB;
+    fs::remove_all(dataDir);
 }
-BENCHMARK(BM_StartToCoverLifted)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_StartToCoverLifted)
+    ->UseManualTime()
+    ->Iterations(zt::bench::iterations(5))
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();
