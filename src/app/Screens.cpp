@@ -66,6 +66,11 @@ Screen* makeTunerBrainSettings(const Tools& shell, const ScreenEngines&) {
     return new TunerBrainSettings(shell.screenAs<TunerBrain>("tunerBrain"));
 }
 
+// A screen opened by one notification.
+std::vector<ScreenRoute> opened(const char* notification) {
+    return {{notification}};
+}
+
 constexpr const char* kPlaceholder = "app/PlaceholderView.qml";
 
 }  // namespace
@@ -75,28 +80,43 @@ const std::vector<ScreenRow>& screenTable() {
         {"metronome", "Metronome", MetronomeTab, makeMetronome, mediate<MetronomeMediator>,
          "metronome/ui/MetronomeView.qml"},
         {"metronomeSettings", "Settings", MetronomeTab, makeMetronomeSettings,
-         mediate<MetronomeSettingsMediator>, "metronome/ui/MetronomeSettingsView.qml"},
+         mediate<MetronomeSettingsMediator>, "metronome/ui/MetronomeSettingsView.qml",
+         opened("ShowMetronomeSettings")},
         {"chordsLibrary", "Chords Library", ChordsTab, makeChordsLibrary,
          mediate<ChordsLibraryMediator>, "chords/ui/ChordsLibraryView.qml"},
         {"chordsLibrarySettings", "Settings", ChordsTab, makeChordsLibrarySettings,
-         mediate<ChordsLibrarySettingsMediator>, "chords/ui/ChordsLibrarySettingsView.qml"},
-        {"commonSettings", "Tunings", kAnyTab, make<CommonSettings>,
-         mediate<CommonSettingsMediator>, "tuners/ui/CommonSettingsView.qml"},
+         mediate<ChordsLibrarySettingsMediator>, "chords/ui/ChordsLibrarySettingsView.qml",
+         opened("ShowChordsLibrarySettings")},
+        {"commonSettings",
+         "Tunings",
+         kAnyTab,
+         make<CommonSettings>,
+         mediate<CommonSettingsMediator>,
+         "tuners/ui/CommonSettingsView.qml",
+         // One tunings list serves three settings screens, on their stacks.
+         {{"ShowTunerChromaticTuning", ChromaticTab},
+          {"ShowTunerBrainTuning", BrainTab},
+          {"ShowChordsTuning", ChordsTab}}},
         {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<TunerChromatic>,
          mediate<TunerChromaticMediator>, "tuners/ui/TunerChromaticView.qml"},
         {"tunerBrain", "Brain Tuner", BrainTab, makeTunerBrain, mediate<TunerBrainMediator>,
          "tuners/ui/TunerBrainView.qml"},
         {"tunerBrainSettings", "Settings", BrainTab, makeTunerBrainSettings,
-         mediate<TunerBrainSettingsMediator>, "tuners/ui/TunerBrainSettingsView.qml"},
+         mediate<TunerBrainSettingsMediator>, "tuners/ui/TunerBrainSettingsView.qml",
+         opened("ShowTunerBrainSettings")},
         {"tunerChromaticSettings", "Settings", ChromaticTab, make<TunerChromaticSettings>,
-         mediate<TunerChromaticSettingsMediator>, "tuners/ui/TunerChromaticSettingsView.qml"},
+         mediate<TunerChromaticSettingsMediator>, "tuners/ui/TunerChromaticSettingsView.qml",
+         opened("ShowTunerChromaticSettings")},
         {"tunerChromaticTaper", "Settings", ChromaticTab, make<TunerChromaticTaper>,
-         mediate<TunerChromaticTaperMediator>, "tuners/ui/TunerChromaticTaperView.qml"},
+         mediate<TunerChromaticTaperMediator>, "tuners/ui/TunerChromaticTaperView.qml",
+         opened("ShowTunerChromaticTaper")},
         {"orchestraControl", "Orchestra Tuning", ChromaticTab, make<OrchestraControl>,
-         mediate<OrchestraControlMediator>, "tuners/ui/OrchestraControlView.qml"},
+         mediate<OrchestraControlMediator>, "tuners/ui/OrchestraControlView.qml",
+         opened("ShowOrchestra")},
         {"microphoneCalibrating", "Microphone sensitivity", ChromaticTab,
          make<MicrophoneCalibrating>, mediate<MicrophoneCalibratingMediator>,
-         "tuners/ui/MicrophoneCalibratingView.qml"},
+         "tuners/ui/MicrophoneCalibratingView.qml", opened("ShowMicrophoneCalibrating")},
+        // "ShowHowToEnter" names its address; the shell only logs it for now.
         {"howToEnter", "How to enter", kAnyTab, make<PlaceholderScreen>, nullptr, kPlaceholder},
     };
     return rows;
@@ -108,6 +128,16 @@ const ScreenRow* screenRow(std::string_view key) {
             return &row;
     }
     return nullptr;
+}
+
+RouteTarget routeOf(std::string_view notification) {
+    for (const ScreenRow& row : screenTable()) {
+        for (const ScreenRoute& route : row.routes) {
+            if (notification == route.notification)
+                return {&row, &route};
+        }
+    }
+    return {};
 }
 
 const std::vector<ToolTab>& toolTabs() {

@@ -1,9 +1,10 @@
 #pragma once
 // The table of screens and the list of tabs. The shell builds its screens
-// and stacks from them, start-up registers the mediators from them, and the
-// QML page loads each screen's view from them; nothing else makes a screen
-// or its mediator. A new screen is its own files (screen, delegate, mediator
-// and view in its tool's ui/ folder) plus one row here.
+// and stacks from them, start-up registers the mediators from them, the shell's
+// mediator routes the notifications that open screens from them, and the QML
+// page loads each screen's view from them; nothing else makes, opens or routes
+// to a screen. A new screen is its own files (screen, delegate, mediator and
+// view in its tool's ui/ folder) plus one row here.
 
 #include <memory>
 #include <string_view>
@@ -21,6 +22,14 @@ enum ToolTabIndex { MetronomeTab = 0, ChromaticTab = 1, BrainTab = 2, ChordsTab 
 // The tab of a screen shown on the stack of whichever tab asks for it.
 inline constexpr int kAnyTab = -1;
 
+// A notification that pushes a screen. tab is the stack it goes onto when
+// the screen's row is of kAnyTab; a screen of one tab always goes onto that
+// tab's stack, so its routes leave tab as kAnyTab.
+struct ScreenRoute {
+    const char* notification;
+    int tab = kAnyTab;
+};
+
 // Builds a screen. shell already holds the screens of the rows above.
 using MakeScreen = Screen* (*)(const Tools& shell, const ScreenEngines& engines);
 // Builds the mediator of a screen made by its row.
@@ -37,6 +46,9 @@ struct ScreenRow {
     // Its QML view, inside the module ("metronome/ui/MetronomeView.qml");
     // the view takes the screen as `required property <ScreenClass> screen`.
     const char* view;
+    // The notifications that open it; none for a tab's root (or a screen
+    // nothing opens yet).
+    std::vector<ScreenRoute> routes = {};
 };
 
 // In the order the mediators register, which decides who hears a
@@ -44,6 +56,13 @@ struct ScreenRow {
 const std::vector<ScreenRow>& screenTable();
 // The row of key; nullptr when there is none.
 const ScreenRow* screenRow(std::string_view key);
+
+// Where a notification opens a screen: the row and the route naming it.
+struct RouteTarget {
+    const ScreenRow* row = nullptr;  // nullptr when no route names it
+    const ScreenRoute* route = nullptr;
+};
+RouteTarget routeOf(std::string_view notification);
 
 struct ToolTab {
     const char* item;   // "METRONOME"

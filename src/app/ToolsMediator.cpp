@@ -1,7 +1,5 @@
 #include "app/ToolsMediator.h"
 
-#include <string_view>
-
 #include "app/AnalyticsLog.h"
 #include "app/ApplicationProxy.h"
 #include "app/Screens.h"
@@ -13,31 +11,6 @@
 
 namespace zt {
 
-namespace {
-
-// The notifications that push a screen, and the tab whose stack takes it
-// when the screen belongs to none (the tunings list serves three tabs).
-struct Route {
-    const char* notification;
-    const char* screen;
-    int tab;
-};
-
-constexpr Route kRoutes[] = {
-    {"ShowMetronomeSettings", "metronomeSettings", kAnyTab},
-    {"ShowTunerChromaticSettings", "tunerChromaticSettings", kAnyTab},
-    {"ShowTunerBrainSettings", "tunerBrainSettings", kAnyTab},
-    {"ShowChordsLibrarySettings", "chordsLibrarySettings", kAnyTab},
-    {"ShowTunerChromaticTaper", "tunerChromaticTaper", kAnyTab},
-    {"ShowOrchestra", "orchestraControl", kAnyTab},
-    {"ShowMicrophoneCalibrating", "microphoneCalibrating", kAnyTab},
-    {"ShowTunerChromaticTuning", "commonSettings", ChromaticTab},
-    {"ShowTunerBrainTuning", "commonSettings", BrainTab},
-    {"ShowChordsTuning", "commonSettings", ChordsTab},
-};
-
-}  // namespace
-
 ToolsMediator::ToolsMediator(Tools* tools, AnalyticsLog* analytics)
     : Mediator(NAME, tools), analytics_(analytics) {}
 
@@ -45,24 +18,17 @@ Tools* ToolsMediator::tools() const {
     return viewAs<Tools>();
 }
 
+// The notifications that open screens come from the screen table; these
+// are the shell's own.
 std::vector<std::string> ToolsMediator::listNotificationInterests() const {
-    return {"ShowHowToEnter",
-            "ShowChordsLibrarySettings",
-            "ShowTunerBrainSettings",
-            "ShowTunerBrainTuning",
-            "ShowTunerChromaticTuning",
-            "ShowTunerChromaticSettings",
-            "ShowTunerChromaticTaper",
-            "ShowTunerBrain",
-            "ShowMetronome",
-            "ShowMetronomeSettings",
-            "ShowChordsLibrary",
-            "LoadSoundBuffersComplete",
-            "ActiveTabIndexReady",
-            "ShowOrchestra",
-            "ShowMicrophoneCalibrating",
-            "ShowChordsTuning",
-            kSaveFailed};
+    std::vector<std::string> names = {
+        "ShowHowToEnter",           "ShowTunerBrain",      "ShowMetronome", "ShowChordsLibrary",
+        "LoadSoundBuffersComplete", "ActiveTabIndexReady", kSaveFailed};
+    for (const ScreenRow& row : screenTable()) {
+        for (const ScreenRoute& route : row.routes)
+            names.emplace_back(route.notification);
+    }
+    return names;
 }
 
 void ToolsMediator::onRegister() {
@@ -86,11 +52,9 @@ void ToolsMediator::handleNotification(const Notification& n) {
     if (!shell)
         return;
     const std::string& name = n.name();
-    for (const Route& route : kRoutes) {
-        if (name == route.notification) {
-            shell->show(QString::fromUtf8(route.screen), route.tab);
-            return;
-        }
+    if (const RouteTarget target = routeOf(name); target.row) {
+        shell->show(QString::fromUtf8(target.row->key), target.route->tab);
+        return;
     }
     // "ShowMetronome" and "ShowChordsLibrary" show what is already there.
     if (name == "ShowTunerBrain") {
@@ -131,8 +95,11 @@ void ToolsMediator::tabSelected(int index) {
 }
 
 void ToolsMediator::showTunings(int tab) {
-    for (const Route& route : kRoutes) {
-        if (route.tab == tab && std::string_view(route.screen) == "commonSettings") {
+    const ScreenRow* tunings = screenRow("commonSettings");
+    if (!tunings)
+        return;
+    for (const ScreenRoute& route : tunings->routes) {
+        if (route.tab == tab) {
             sendNotification(route.notification);
             return;
         }

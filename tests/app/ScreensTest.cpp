@@ -71,6 +71,26 @@ TEST_F(ScreensTest, KeysAreUniqueAndEachTabsRootIsARowOfThatTab) {
     }
 }
 
+// A tab's root is never pushed; every other screen is opened by some route,
+// on a stack that exists, and each route finds its own row again.
+TEST_F(ScreensTest, RoutesOpenEveryScreenButTheTabsRoots) {
+    std::set<std::string_view> roots;
+    for (const ToolTab& tab : toolTabs())
+        roots.insert(tab.root);
+    // Nothing opens the promotion page yet: its notification only logs.
+    const std::string_view unopened = "howToEnter";
+    for (const ScreenRow& row : screenTable()) {
+        EXPECT_EQ(row.routes.empty(), roots.count(row.key) || row.key == unopened) << row.key;
+        for (const ScreenRoute& route : row.routes) {
+            EXPECT_EQ(routeOf(route.notification).route, &route) << route.notification;
+            if (row.tab == kAnyTab)
+                EXPECT_TRUE(route.tab >= 0 && route.tab < int(toolTabs().size())) << row.key;
+            else
+                EXPECT_EQ(route.tab, kAnyTab) << route.notification << ": the row's tab decides";
+        }
+    }
+}
+
 TEST_F(ScreensTest, WholeShellStartsFromTheTableWithoutASoundCard) {
     Tools tools(engines_);
     for (const ScreenRow& row : screenTable()) {

@@ -8,10 +8,12 @@
 #include <QSignalSpy>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "AppTestEnvironment.h"
 #include "app/AnalyticsLog.h"
 #include "app/ApplicationProxy.h"
+#include "app/Screens.h"
 #include "app/Tools.h"
 #include "app/ToolsMediator.h"
 #include "framework/Facade.h"
@@ -42,39 +44,29 @@ protected:
     AnalyticsLog analytics_;
 };
 
-struct Route {
-    const char* notification;
-    int tab;
-    const char* screen;
-};
-
 }  // namespace
 
+// Each route of the screen table, sent as the screens send it, pushes its
+// row's screen onto the stack of the row's tab (or of the route's, for a
+// screen of any tab); no notification names two places.
 TEST_F(ToolsShellTest, EveryShowRoutePushesOntoTheStackThatHoldsItsScreen) {
     startShell();
-    const std::vector<Route> routes = {
-        {"ShowMetronomeSettings", 0, "metronomeSettings"},
-        {"ShowTunerChromaticSettings", 1, "tunerChromaticSettings"},
-        {"ShowTunerChromaticTaper", 1, "tunerChromaticTaper"},
-        {"ShowOrchestra", 1, "orchestraControl"},
-        {"ShowMicrophoneCalibrating", 1, "microphoneCalibrating"},
-        {"ShowTunerChromaticTuning", 1, "commonSettings"},
-        {"ShowTunerBrainSettings", 2, "tunerBrainSettings"},
-        {"ShowTunerBrainTuning", 2, "commonSettings"},
-        {"ShowChordsLibrarySettings", 3, "chordsLibrarySettings"},
-        {"ShowChordsTuning", 3, "commonSettings"},
-    };
-    for (const Route& route : routes) {
-        const int depth = tools_.stack(route.tab).size();
-        Facade::getInstance().sendNotification(route.notification);
-        const QStringList stack = tools_.stack(route.tab);
-        ASSERT_EQ(stack.size(), depth + 1) << route.notification;
-        EXPECT_EQ(stack.last().toStdString(), route.screen) << route.notification;
+    const auto interests =
+        Facade::getInstance().retrieveMediator(ToolsMediator::NAME)->listNotificationInterests();
+    EXPECT_EQ(std::set<std::string>(interests.begin(), interests.end()).size(), interests.size());
+    for (const ScreenRow& row : screenTable()) {
+        for (const ScreenRoute& route : row.routes) {
+            const int tab = row.tab == kAnyTab ? route.tab : row.tab;
+            const int depth = tools_.stack(tab).size();
+            Facade::getInstance().sendNotification(route.notification);
+            const QStringList stack = tools_.stack(tab);
+            ASSERT_EQ(stack.size(), depth + 1) << route.notification;
+            EXPECT_EQ(stack.last().toStdString(), row.key) << route.notification;
+        }
     }
     // The same tunings screen sits on three stacks at once.
-    EXPECT_EQ(tools_.stack(1).last(), "commonSettings");
-    EXPECT_EQ(tools_.stack(2).last(), "commonSettings");
-    EXPECT_EQ(tools_.stack(3).last(), "commonSettings");
+    for (int tab : {ChromaticTab, BrainTab, ChordsTab})
+        EXPECT_TRUE(tools_.stack(tab).contains("commonSettings")) << tab;
 
     tools_.goBack(3);
     EXPECT_EQ(tools_.stack(3), QStringList({"chordsLibrary", "chordsLibrarySettings"}));
