@@ -145,6 +145,41 @@ TEST_F(TunerSettingsTest, RowsThreeToSixOpenTheirScreensAndTheOthersNothing) {
     EXPECT_FALSE(settings.allNotes()) << "touching the row is not touching its switch";
 }
 
+// Each entry's value as saved, read again when the screen comes back from
+// the entry's own screen. A reference on another note shows as its A4.
+TEST_F(TunerSettingsTest, EntriesShowTheirSavedValues) {
+    const struct {
+        Dictionary saved;
+        QStringList shown;
+    } rows[] = {
+        {{}, {"Standard", "Gauss", "10 %", "A4 = 440.0 Hz"}},
+        {{{"baseOctave", 4},
+          {"baseIndex", 9},
+          {"baseFrequency", 443.0},
+          {"Treshold", 65},
+          {"Taper", 3}},
+         {"Standard", "Hann", "65 %", "A4 = 443.0 Hz"}},
+        {{{"baseOctave", 5}, {"baseIndex", 0}, {"baseFrequency", 523.25}, {"Taper", 7}},
+         {"Standard", "Gauss", "65 %", "A4 = 440.0 Hz"}},
+        {{{"baseFrequency", 0.0}, {"Treshold", 250}},
+         {"Standard", "Gauss", "100 %", "A4 = 440.0 Hz"}},
+    };
+    for (const auto& r : rows) {
+        save(r.saved);
+        settings.viewWillAppear();
+        EXPECT_EQ(settings.entryValues(), r.shown) << r.shown.join(", ").toStdString();
+    }
+    taper.viewWillAppear();
+    taper.selectRow(2);
+    taper.viewWillDisappear();
+    auto tunings = Facade::getInstance().retrieveProxyAs<SettingsProxy>(SettingsProxy::NAME);
+    tunings->setTuning(1);
+    settings.viewWillAppear();
+    EXPECT_EQ(settings.taperName(), "Cosine");
+    EXPECT_EQ(settings.tuningName().toStdString(), tunings->getTuningName());
+    EXPECT_NE(settings.tuningName(), "Standard");
+}
+
 TEST_F(TunerSettingsTest, InputDeviceIsOfferedWithTwoDevicesAndAGoneOneReadsAsDefault) {
     gDevices = {"Built-in Audio"};
     settings.viewWillAppear();

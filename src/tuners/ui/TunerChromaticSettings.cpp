@@ -4,6 +4,7 @@
 #include "state/StateKeys.h"
 #include "tuners/ChromaticSection.h"
 #include "tuners/ui/TunerChromaticSettingsDelegate.h"
+#include "tuners/ui/TunerChromaticTaper.h"
 
 namespace zt {
 
@@ -36,8 +37,12 @@ void TunerChromaticSettings::setSavedData(const Dictionary& data) {
     emit changed();
 }
 
-void TunerChromaticSettings::setDetectionData(const Dictionary& data,
-                                              std::vector<std::string> devices) {
+void TunerChromaticSettings::setSectionData(const Dictionary& data,
+                                            std::vector<std::string> devices) {
+    taperName_ = TunerChromaticTaper::names().value(chromatic::taperMode(data));
+    sensitivityText_ = QStringLiteral("%1 %").arg(chromatic::tresholdPercent(data));
+    const double a4 = chromatic::concertPitchOf(chromatic::baseNote(data));
+    referenceText_ = QStringLiteral("A4 = %1 Hz").arg(a4, 0, 'f', 1);
     classic_ = chromatic::classicDetection(data);
     device_ = chromatic::inputDevice(data);
     devices_ = std::move(devices);

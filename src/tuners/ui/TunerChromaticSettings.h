@@ -4,6 +4,10 @@
 //   1, 2   "Linear scale" and "All notes", each with a switch
 //   3 - 6  "Tunings", "Tapering functions", "Microphone sensitivity",
 //          "Orchestra tuning": each opens its screen
+// Each entry shows its current value beside its name: the tuning's name,
+// the window's name, the sensitivity in percent and the concert pitch
+// ("A4 = 443.0 Hz"), read again each time the screen appears so that a
+// change made on the entry's own screen shows on coming back.
 // Below them, our own: "Classic detection" (the overtone detector instead of
 // the fine one) and, when there is more than one capture device, the choice
 // of the input device. Every switch and choice is saved at once; the tuner
@@ -33,6 +37,11 @@ class TunerChromaticSettings : public zt::Screen {
     Q_PROPERTY(bool allNotes READ allNotes NOTIFY changed)
     Q_PROPERTY(bool classicDetection READ classicDetection NOTIFY changed)
     Q_PROPERTY(QString tuningName READ tuningName NOTIFY changed)
+    Q_PROPERTY(QString taperName READ taperName NOTIFY changed)
+    Q_PROPERTY(QString sensitivityText READ sensitivityText NOTIFY changed)
+    Q_PROPERTY(QString referenceText READ referenceText NOTIFY changed)
+    // The value beside each of settingsNames, in the same order.
+    Q_PROPERTY(QStringList entryValues READ entryValues NOTIFY changed)
     // "System default" first, then each capture device; shown only when
     // there is more than one device.
     Q_PROPERTY(QStringList inputChoices READ inputChoices NOTIFY changed)
@@ -50,6 +59,12 @@ public:
     bool allNotes() const { return allNotes_; }
     bool classicDetection() const { return classic_; }
     QString tuningName() const { return tuningName_; }
+    QString taperName() const { return taperName_; }
+    QString sensitivityText() const { return sensitivityText_; }
+    QString referenceText() const { return referenceText_; }
+    QStringList entryValues() const {
+        return {tuningName_, taperName_, sensitivityText_, referenceText_};
+    }
     QStringList inputChoices() const;
     int inputChoice() const;
     bool offersInputChoice() const { return devices_.size() > 1; }
@@ -58,8 +73,9 @@ public:
 
     // "LinearScale" and "AllNotes" from the saved section.
     void setSavedData(const Dictionary& data);
-    // Our own keys ("ClassicDetection", "InputDevice") and the devices there are.
-    void setDetectionData(const Dictionary& data, std::vector<std::string> devices);
+    // The whole saved section (the entries' values and our own keys
+    // "ClassicDetection", "InputDevice") and the devices there are.
+    void setSectionData(const Dictionary& data, std::vector<std::string> devices);
 
     Q_INVOKABLE int rowCount() const { return static_cast<int>(settingsNameArray_.size()) + 3; }
     // Rows 3 to 6 open their screens; rows 0 to 2 do nothing.
@@ -85,6 +101,9 @@ private:
     bool allNotes_ = false;
     bool classic_ = false;
     QString tuningName_;
+    QString taperName_;
+    QString sensitivityText_;
+    QString referenceText_;
     std::string device_;
     std::vector<std::string> devices_;
 };

@@ -12,7 +12,7 @@ class TunerChromaticSettingsDelegate {
 public:
     virtual ~TunerChromaticSettingsDelegate() = default;
     // Asks for the saved switches; they arrive, before this returns, as the
-    // screen's setSavedData (and setDetectionData for our own keys).
+    // screen's setSavedData (and setSectionData for the rest of the section).
     virtual void setChromaticTunerSavedData() = 0;
     // Merges the settings into the saved chromatic section.
     virtual void saveChromaticTunerSettings(const Dictionary& settings) = 0;

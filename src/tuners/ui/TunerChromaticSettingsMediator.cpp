@@ -30,13 +30,13 @@ void TunerChromaticSettingsMediator::registered() {
 
 void TunerChromaticSettingsMediator::setChromaticTunerSavedData() {
     sendNotification("GetChromaticTunerSavedData", static_cast<Notifier*>(this));
-    // The answer carries only the two switches; our own keys come from the
-    // section itself.
+    // The answer carries only the two switches; the entries' values and our
+    // own keys come from the section itself.
     Dictionary section;
     if (auto state = facade().retrieveProxyAs<StateProxy>(StateProxy::NAME))
         section = state->getChromaticTunerData().value_or(Dictionary{});
     if (screen())
-        screen()->setDetectionData(section, inputDevices());
+        screen()->setSectionData(section, inputDevices());
 }
 
 void TunerChromaticSettingsMediator::saveChromaticTunerSettings(const Dictionary& settings) {

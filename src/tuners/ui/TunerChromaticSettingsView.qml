@@ -1,9 +1,10 @@
 // The chromatic tuner's settings: the "Linear scale" and "All notes"
 // switches, the four ways to the tunings, tapering functions, microphone
-// sensitivity and orchestra tuning screens, then "Classic detection" and,
-// with more than one capture device, the input device. Everything shown
-// comes from the TunerChromaticSettings object and every touch is forwarded
-// to it. In a wide window the cards keep to a centred column.
+// sensitivity and orchestra tuning screens, each with its current value,
+// then "Classic detection" and, with more than one capture device, the input
+// device. Everything shown comes from the TunerChromaticSettings object and
+// every touch is forwarded to it. In a wide window the cards keep to a
+// centred column.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -96,19 +97,19 @@ Rectangle {
                         title: modelData
                         first: index === 0
                         last: index === view.screen.settingsNames.length - 1
-                        trailing: (index === 0 ? tuningName.implicitWidth + 10 : 0) + 16
+                        trailing: entryValue.implicitWidth + 20
                         onClicked: view.screen.selectRow(index + 3)
 
                         Text {
-                            id: tuningName
+                            id: entryValue
 
-                            visible: entry.index === 0
+                            objectName: "entryValue" + (entry.index + 3)
                             anchors.right: parent.right
-                            anchors.rightMargin: 30
+                            anchors.rightMargin: 26
                             anchors.verticalCenter: parent.verticalCenter
-                            text: view.screen.tuningName
+                            text: view.screen.entryValues[entry.index] ?? ""
                             color: Theme.textDim
-                            font.pixelSize: 15
+                            font.pixelSize: 14
                         }
                         Text {
                             anchors.right: parent.right

@@ -5,10 +5,13 @@
 
 namespace zt {
 
+QStringList TunerChromaticTaper::names() {
+    return {QStringLiteral("Gauss"), QStringLiteral("Cosine"), QStringLiteral("Hamming"),
+            QStringLiteral("Hann"), QStringLiteral("Lanczos")};
+}
+
 TunerChromaticTaper::TunerChromaticTaper(QObject* parent)
-    : Screen(parent),
-      taperNameArray_{QStringLiteral("Gauss"), QStringLiteral("Cosine"), QStringLiteral("Hamming"),
-                      QStringLiteral("Hann"), QStringLiteral("Lanczos")} {}
+    : Screen(parent), taperNameArray_(names()) {}
 
 void TunerChromaticTaper::setTaperMode(int mode) {
     if (mode < 0 || mode >= taperNameArray_.size())

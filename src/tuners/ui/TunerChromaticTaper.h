@@ -31,6 +31,8 @@ public:
 
     QString header() const { return QStringLiteral("Tapering function"); }
     QStringList taperNames() const { return taperNameArray_; }
+    // The windows' names by taper mode.
+    static QStringList names();
     int taperMode() const { return taperMode_; }
     // The service's current window, as the mediator answers getTaperMode.
     void setTaperMode(int mode);
