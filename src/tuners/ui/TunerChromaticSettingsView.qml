@@ -44,35 +44,21 @@ Rectangle {
             Card {
                 width: content.width
 
-                CardRow {
+                SwitchRow {
                     objectName: "linearScaleRow"
+                    switchName: "linearScaleSwitch"
                     title: "Linear scale"
                     first: true
-                    trailing: linearSwitch.width + 6
-                    onClicked: view.screen.selectRow(1)
-
-                    SettingsSwitch {
-                        id: linearSwitch
-
-                        objectName: "linearScaleSwitch"
-                        checked: view.screen.linearScale
-                        onToggled: view.screen.switcherLSAction()
-                    }
+                    isOn: view.screen.linearScale
+                    onFlipped: view.screen.switcherLSAction()
                 }
-                CardRow {
+                SwitchRow {
                     objectName: "allNotesRow"
+                    switchName: "allNotesSwitch"
                     title: "All notes"
                     last: true
-                    trailing: allNotesSwitch.width + 6
-                    onClicked: view.screen.selectRow(2)
-
-                    SettingsSwitch {
-                        id: allNotesSwitch
-
-                        objectName: "allNotesSwitch"
-                        checked: view.screen.allNotes
-                        onToggled: view.screen.switcherANAction()
-                    }
+                    isOn: view.screen.allNotes
+                    onFlipped: view.screen.switcherANAction()
                 }
             }
 
@@ -131,20 +117,14 @@ Rectangle {
             Card {
                 width: content.width
 
-                CardRow {
+                SwitchRow {
                     objectName: "classicDetectionRow"
+                    switchName: "classicDetectionSwitch"
                     title: "Classic detection"
                     first: true
                     last: true
-                    trailing: classicSwitch.width + 6
-
-                    SettingsSwitch {
-                        id: classicSwitch
-
-                        objectName: "classicDetectionSwitch"
-                        checked: view.screen.classicDetection
-                        onToggled: view.screen.toggleClassicDetection()
-                    }
+                    isOn: view.screen.classicDetection
+                    onFlipped: view.screen.toggleClassicDetection()
                 }
             }
 
