@@ -211,8 +211,9 @@ TEST_F(TunerChromaticTest, FrequencyCentsReferencesAndAmber) {
 TEST_F(TunerChromaticTest, TuningModeLightsTheStringHeard) {
     showWith({});
     EXPECT_EQ(screen.slotLetters(), (QStringList{"E", "A", "D", "G", "B", "E"}));
-    screen.showNoteAndFreq(note("A", 1, 110.0, 0.0, 110.0));
+    screen.showNoteAndFreq(note("A2", 1, 110.0, 0.0, 110.0));
     EXPECT_EQ(screen.activeSlot(), 1);
+    EXPECT_EQ(screen.activeOctave(), "") << "a string is its own octave";
     EXPECT_NEAR(screen.needleAngle(), 0.0, 1e-12);
     screen.showNoteAndFreq(note("A", 1, -1.0, 0.0, 110.0));
     EXPECT_EQ(screen.activeSlot(), -1);
@@ -224,20 +225,30 @@ TEST_F(TunerChromaticTest, TuningModeLightsTheStringHeard) {
     EXPECT_EQ(screen.slotSharps(), (QVariantList{true, true, false, false, true, true}));
 }
 
-// From B the window slides down one step at a time to show C in slot 1.
+// From B the window slides down one step at a time to show C in slot 1; the
+// lit slot adds the octave of the note heard.
 TEST_F(TunerChromaticTest, AllNotesWindowSlidesFromBToC) {
     showWith({{"AllNotes", true}});
     EXPECT_EQ(screen.slotLetters(), (QStringList{"C", "C", "D", "D", "E", "F"}));
-    screen.showNoteAndFreq(note("B", 11, 246.9, 1.0));
+    EXPECT_EQ(screen.activeOctave(), "");
+    screen.showNoteAndFreq(note("B3", 11, 246.9, 1.0));
     runFor(30);
     EXPECT_EQ(screen.beginIndex(), 7);
     EXPECT_EQ(screen.activeSlot(), 4);
-    screen.showNoteAndFreq(note("C", 0, 261.6, 0.0));
+    EXPECT_EQ(screen.activeOctave(), "3");
+    screen.showNoteAndFreq(note("C4", 0, 261.6, 0.0));
     runFor(30);
     EXPECT_EQ(screen.beginIndex(), -1);
     EXPECT_EQ(screen.slotLetters(), (QStringList{"B", "C", "C", "D", "D", "E"}));
     EXPECT_EQ(screen.slotSharps(), (QVariantList{false, false, true, false, true, false}));
     EXPECT_EQ(screen.activeSlot(), 1);
+    EXPECT_EQ(screen.activeOctave(), "4");
+    screen.showNoteAndFreq(note("A2", 9, 110.0, 0.0));
+    runFor(30);
+    EXPECT_EQ(screen.activeOctave(), "2") << "A2 and A4 differ";
+    screen.showNoteAndFreq(note("", 9, -1, 0.0));
+    runFor(30);
+    EXPECT_EQ(screen.activeOctave(), "") << "nothing heard, nothing lit";
 }
 
 TEST_F(TunerChromaticTest, NotesAreDroppedWhileThePanelChangeIsPending) {

@@ -237,6 +237,9 @@ void TunerChromatic::setNotePanelIndex(const NoteDescription& note) {
 
 void TunerChromatic::showNewNote() {
     panel_.showWindow(activeNoteIndex_, freq_ != kNoPitch);
+    const auto digit = currentNote_.find_first_of("0123456789");
+    litOctave_ =
+        digit == std::string::npos ? QString() : QString::fromStdString(currentNote_.substr(digit));
     isTimerStop_ = true;
     emit panelChanged();
 }

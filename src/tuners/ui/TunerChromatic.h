@@ -40,6 +40,9 @@ class TunerChromatic : public zt::Screen {
     Q_PROPERTY(QStringList slotLetters READ slotLetters NOTIFY panelChanged)
     Q_PROPERTY(QVariantList slotSharps READ slotSharps NOTIFY panelChanged)
     Q_PROPERTY(int activeSlot READ activeSlot NOTIFY panelChanged)
+    // With all notes the slots are pitch classes: the lit one adds the
+    // octave of the note heard ("2" for A2). Empty otherwise.
+    Q_PROPERTY(QString activeOctave READ activeOctave NOTIFY panelChanged)
     Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY labelsChanged)
     Q_PROPERTY(bool frequencyAmber READ frequencyAmber NOTIFY labelsChanged)
     // The reading's cents beside the frequency, "+20.0 ¢"; "" without pitch.
@@ -82,6 +85,9 @@ public:
     QStringList slotLetters() const;
     QVariantList slotSharps() const;
     int activeSlot() const { return panel_.activeSlot(); }
+    QString activeOctave() const {
+        return isAllNotes_ && panel_.activeSlot() >= 0 ? litOctave_ : QString();
+    }
     QString frequencyText() const { return frequencyText_; }
     bool frequencyAmber() const { return frequencyAmber_; }
     QString centsText() const { return centsText_; }
@@ -170,6 +176,7 @@ private:
     // No panel change pending: readings are taken.
     bool isTimerStop_ = true;
     std::string currentNote_;
+    QString litOctave_;
     bool buttonMode_ = false;
     // Shown while there was no delegate to start listening with.
     bool appearPending_ = false;

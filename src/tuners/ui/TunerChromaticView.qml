@@ -35,7 +35,6 @@ Rectangle {
         // The note panel: six letters, the note heard lit and glowing.
         Rectangle {
             id: panel
-
             x: 8 * view.unit
             y: 8 * view.unit
             width: 304 * view.unit
@@ -78,7 +77,7 @@ Rectangle {
                     Text {
                         id: letter
                         anchors.centerIn: parent
-                        anchors.horizontalCenterOffset: sharp.visible ? -4 * view.unit : 0
+                        anchors.horizontalCenterOffset: -(sharp.visible ? 4 * view.unit : 0) - octave.shift
                         text: view.screen.slotLetters[slot.index] ?? ""
                         color: slot.lit ? Theme.accent : Theme.textDim
                         font.pixelSize: 30 * view.unit
@@ -90,6 +89,17 @@ Rectangle {
                         anchors.top: letter.top
                         visible: view.screen.slotSharps[slot.index] === true
                         text: "#"
+                        color: letter.color
+                        font.pixelSize: 15 * view.unit
+                        font.bold: true
+                    }
+                    Text {
+                        id: octave
+                        readonly property real shift: visible ? width / 2 : 0
+                        anchors.left: sharp.visible ? sharp.right : letter.right
+                        anchors.baseline: letter.baseline
+                        visible: slot.lit && text !== ""
+                        text: view.screen.activeOctave
                         color: letter.color
                         font.pixelSize: 15 * view.unit
                         font.bold: true
@@ -270,7 +280,6 @@ Rectangle {
         }
         footer: Button {
             id: okButton
-
             objectName: "alertOk"
             text: view.screen.alertButton
             flat: true
