@@ -27,7 +27,6 @@ Rectangle {
 
     Item {
         id: stage
-
         width: view.designWidth * view.unit
         height: view.designHeight * view.unit
         anchors.centerIn: parent
@@ -247,11 +246,12 @@ Rectangle {
         }
     }
 
+    // Centred in the window, not in this view, which moves as its page does.
     Dialog {
         objectName: "microphoneAlert"
-        x: (view.width - width) / 2
-        y: Math.max(10, (view.height - height) / 2)
-        width: Math.min(300, view.width - 20)
+        parent: T.Overlay.overlay
+        anchors.centerIn: parent
+        width: Math.min(300, parent.width - 20)
         padding: 16
         modal: true
         closePolicy: Popup.NoAutoClose
