@@ -243,9 +243,14 @@ TEST_F(TunerChromaticTest, AllNotesWindowSlidesFromBToC) {
     EXPECT_EQ(screen.slotSharps(), (QVariantList{false, false, true, false, true, false}));
     EXPECT_EQ(screen.activeSlot(), 1);
     EXPECT_EQ(screen.activeOctave(), "4");
-    screen.showNoteAndFreq(note("A2", 9, 110.0, 0.0));
+    // The service names pitch classes only: the octave comes from the
+    // note's reference frequency.
+    screen.showNoteAndFreq(note("A", 9, 110.0, 0.0, 110.0));
     runFor(30);
     EXPECT_EQ(screen.activeOctave(), "2") << "A2 and A4 differ";
+    screen.showNoteAndFreq(note("A", 9, 440.0, 0.0, 440.0));
+    runFor(30);
+    EXPECT_EQ(screen.activeOctave(), "4");
     screen.showNoteAndFreq(note("", 9, -1, 0.0));
     runFor(30);
     EXPECT_EQ(screen.activeOctave(), "") << "nothing heard, nothing lit";

@@ -217,6 +217,7 @@ void TunerChromatic::showMicrophoneDetectAlertView() {
 
 void TunerChromatic::setNotePanelIndex(const NoteDescription& note) {
     currentNote_ = note.fullName;
+    heardOctave_ = dial::octaveOf(note, baseNote_);
     activeNoteIndex_ = note.index;
     const double cents = std::abs(std::trunc(note.cents));
     if (!isAllNotes_) {
@@ -237,9 +238,7 @@ void TunerChromatic::setNotePanelIndex(const NoteDescription& note) {
 
 void TunerChromatic::showNewNote() {
     panel_.showWindow(activeNoteIndex_, freq_ != kNoPitch);
-    const auto digit = currentNote_.find_first_of("0123456789");
-    litOctave_ =
-        digit == std::string::npos ? QString() : QString::fromStdString(currentNote_.substr(digit));
+    litOctave_ = QString::fromStdString(heardOctave_);
     isTimerStop_ = true;
     emit panelChanged();
 }

@@ -176,6 +176,7 @@ private:
     // No panel change pending: readings are taken.
     bool isTimerStop_ = true;
     std::string currentNote_;
+    std::string heardOctave_;
     QString litOctave_;
     bool buttonMode_ = false;
     // Shown while there was no delegate to start listening with.

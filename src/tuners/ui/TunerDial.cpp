@@ -69,4 +69,15 @@ VolumeBar volumeBar(int level) {
     return bar;
 }
 
+std::string octaveOf(const NoteDescription& note, const Note& base) {
+    if (const auto digit = note.fullName.find_first_of("0123456789"); digit != std::string::npos)
+        return note.fullName.substr(digit);
+    if (note.standartFrequency <= 0.0 || base.getFrequency() <= 0.0)
+        return {};
+    // Semitones from the base note, less the steps within the octave.
+    const double steps = 12.0 * std::log2(note.standartFrequency / base.getFrequency());
+    const double fromC = steps + base.getIndex() - note.index;
+    return std::to_string(base.getOctave() + static_cast<int>(std::lround(fromC / 12.0)));
+}
+
 }  // namespace zt::dial

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <string>
 
+#include "dsp/Note.h"
 #include "dsp/NoteDescription.h"
 
 namespace zt::dial {
@@ -62,5 +63,10 @@ VolumeBar volumeBar(int level);
 inline VolumeBar restingVolumeBar() {
     return {};
 }
+
+// The octave a note heard belongs to: from the octave digit of its full
+// name, or else from its reference frequency and pitch class (0 = C) on
+// `base`'s equal temperament. "" when neither tells.
+std::string octaveOf(const NoteDescription& note, const Note& base);
 
 }  // namespace zt::dial
