@@ -22,10 +22,13 @@
 #include "app/ZebToolsAppDelegate.h"
 #include "framework/Log.h"
 #include "framework/Paths.h"
+#include "sound/OpenAlSettings.h"
 
 Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)
 
 int main(int argc, char* argv[]) {
+    // It changes the environment: done before any thread of the toolkit runs.
+    zt::applyOpenAlSettings();
     QCoreApplication::setOrganizationName("zebtools");
     QCoreApplication::setApplicationName("zebtools");
     QCoreApplication::setApplicationVersion(ZEBTOOLS_VERSION);

@@ -8,8 +8,10 @@
 
 #include "cli/Cli.h"
 #include "cli/StandardOutput.h"
+#include "sound/OpenAlSettings.h"
 
 int main(int argc, char** argv) {
+    zt::applyOpenAlSettings();
     zt::cli::keepStandardStreamsOpen();
     // std::cout itself keeps its identity (a command tells a terminal by it);
     // only where its bytes go changes.

@@ -11,7 +11,9 @@
 // stream follows the system's choice like any other program's sound.
 //
 // The settings go in after the user's own configuration files; a user who
-// names a configuration file in ALSOFT_CONF keeps exactly that one.
+// names a configuration file in ALSOFT_CONF keeps exactly that one. Setting
+// that variable changes the environment, so a program calls this first thing
+// in main(), before other threads run; later calls do nothing.
 
 namespace zt {
 
