@@ -11,8 +11,8 @@
 #include "sound/OpenAlSettings.h"
 
 int main(int argc, char** argv) {
-    zt::applyOpenAlSettings();
     zt::cli::keepStandardStreamsOpen();
+    zt::applyOpenAlSettings();
     // std::cout itself keeps its identity (a command tells a terminal by it);
     // only where its bytes go changes.
     zt::cli::DescriptorOutput output(STDOUT_FILENO);

@@ -1,5 +1,6 @@
 #include "sound/OpenAlSettings.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -28,7 +29,15 @@ void applyOpenAlSettings() {
         // openal-soft reads ALSOFT_CONF with fopen(); a file in memory, open
         // for the life of the process, needs no folder and leaves nothing
         // behind.
-        const int fd = ::memfd_create("zebtools-alsoft.conf", MFD_CLOEXEC);
+        int fd = ::memfd_create("zebtools-alsoft.conf", MFD_CLOEXEC);
+        // Never in the place of a closed standard stream: what the program
+        // writes there would go into the file, and a closed output would go
+        // unnoticed.
+        if (fd >= 0 && fd <= STDERR_FILENO) {
+            const int high = ::fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+            ::close(fd);
+            fd = high;
+        }
         if (fd < 0) {
             log("SoundEngine: openal-soft keeps its own settings (no memory file)");
             return;
