@@ -14,7 +14,7 @@
 #include "BenchRun.h"
 #include "chords/ChordLibrary.h"
 #include "chords/VariationOrder.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace {
 

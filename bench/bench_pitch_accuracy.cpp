@@ -30,7 +30,7 @@
 #include "dsp/NotationFacade.h"
 #include "dsp/OvertonePDA.h"
 #include "dsp/PluckedString.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace {
 

@@ -30,10 +30,10 @@
 #include "framework/Log.h"
 #include "tuners/FrequencyCommands.h"
 #include "tuners/MainFrequerncyProxy.h"
-#include "tuners/SettingsProxy.h"
 #include "tuners/ui/TunerChromatic.h"
 #include "tuners/ui/TunerChromaticMediator.h"
 #include "tuners/ui/TunerDial.h"
+#include "tunings/SettingsProxy.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordLibrary.h"
 #include "cli/ChordArguments.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static zt::ChordLibrary library;

@@ -1,8 +1,8 @@
 # The screens (QObject classes holding each screen's behaviour), their
 # mediators, the shell, and the QML that draws them, as one QML module
-# "ZebTools". The shell and the shared controls are listed in app/ui.cmake;
-# each tool's screens are whatever its ui/ folder holds, so a new screen
-# needs no build change. A tool's plain library, zt_<tool>, is linked when
+# "ZebTools". The screen bases and the shared controls are listed in
+# screen/ui.cmake, the shell in app/ui.cmake; each tool's screens are
+# whatever its ui/ folder holds, so a new screen needs no build change. A tool's plain library, zt_<tool>, is linked when
 # it exists.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickControls2 DBus Test QuickTest)
 qt_standard_project_setup()
@@ -10,8 +10,9 @@ qt_standard_project_setup()
 set(ZT_UI_SOURCES)
 set(ZT_QML_FILES)
 set(ZT_UI_LIBS zt_state zt_sound)
+include(screen/ui.cmake)
 include(app/ui.cmake)
-foreach(tool tuners metronome chords)
+foreach(tool tunings tuners metronome chords)
   file(GLOB tool_sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}
     ${tool}/ui/*.h ${tool}/ui/*.cpp)
   file(GLOB tool_qml CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${tool}/ui/*.qml)

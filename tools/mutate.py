@@ -37,6 +37,7 @@ ROOT = Path(__file__).resolve().parent.parent
 PROGRAMS = {
     "src/metronome": ["test_metronome"],
     "src/tuners": ["test_tuners"],
+    "src/tunings": ["test_tunings", "test_tuners"],
     "src/state": ["test_state"],
     "src/dsp": ["test_dsp"],
     "src/chords": ["test_chords"],

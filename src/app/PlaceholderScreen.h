@@ -4,7 +4,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
-#include "app/Screen.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

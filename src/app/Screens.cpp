@@ -1,7 +1,6 @@
 #include "app/Screens.h"
 
 #include "app/PlaceholderScreen.h"
-#include "app/ScreenEngines.h"
 #include "app/Tools.h"
 #include "chords/ui/ChordsLibrary.h"
 #include "chords/ui/ChordsLibraryMediator.h"
@@ -11,8 +10,7 @@
 #include "metronome/ui/MetronomeMediator.h"
 #include "metronome/ui/MetronomeSettings.h"
 #include "metronome/ui/MetronomeSettingsMediator.h"
-#include "tuners/ui/CommonSettings.h"
-#include "tuners/ui/CommonSettingsMediator.h"
+#include "screen/ScreenEngines.h"
 #include "tuners/ui/MicrophoneCalibrating.h"
 #include "tuners/ui/MicrophoneCalibratingMediator.h"
 #include "tuners/ui/OrchestraControl.h"
@@ -27,6 +25,8 @@
 #include "tuners/ui/TunerChromaticSettingsMediator.h"
 #include "tuners/ui/TunerChromaticTaper.h"
 #include "tuners/ui/TunerChromaticTaperMediator.h"
+#include "tunings/ui/CommonSettings.h"
+#include "tunings/ui/CommonSettingsMediator.h"
 
 namespace zt {
 
@@ -92,7 +92,7 @@ const std::vector<ScreenRow>& screenTable() {
          kAnyTab,
          make<CommonSettings>,
          mediate<CommonSettingsMediator>,
-         "tuners/ui/CommonSettingsView.qml",
+         "tunings/ui/CommonSettingsView.qml",
          // One tunings list serves three settings screens, on their stacks.
          {{"ShowTunerChromaticTuning", ChromaticTab},
           {"ShowTunerBrainTuning", BrainTab},

@@ -12,7 +12,7 @@
 #include "tuners/MainFrequerncyProxy.h"
 #include "tuners/MicrophoneProxy.h"
 #include "tuners/OrchestraControlProxy.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 

@@ -14,8 +14,8 @@
 #include <QVariantList>
 #include <QVector>
 
-#include "app/Screen.h"
 #include "app/Screens.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

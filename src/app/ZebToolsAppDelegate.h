@@ -9,8 +9,8 @@
 
 #include "app/AnalyticsLog.h"
 #include "app/MusicPlayer.h"
-#include "app/ScreenEngines.h"
 #include "app/ScreenSaverInhibitor.h"
+#include "screen/ScreenEngines.h"
 
 namespace zt {
 

@@ -2,7 +2,7 @@
 
 #include "chords/VariationOrder.h"
 #include "framework/Log.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt {
 

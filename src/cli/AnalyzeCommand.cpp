@@ -20,8 +20,8 @@
 #include "sound/MicrophoneCapture.h"
 #include "state/StateKeys.h"
 #include "tuners/MainFrequerncyProxy.h"
-#include "tuners/SettingsProxy.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/SettingsProxy.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt::cli {
 

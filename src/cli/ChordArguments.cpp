@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "chords/ChordCatalogue.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt::cli {
 

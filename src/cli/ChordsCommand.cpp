@@ -15,7 +15,7 @@
 #include "cli/WavOutput.h"
 #include "sound/OfflineRender.h"
 #include "sound/SoundEngine.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt::cli {
 

@@ -1,6 +1,6 @@
 #include "tuners/ByEarStrings.h"
 
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt {
 

@@ -9,8 +9,8 @@
 #include "state/StateKeys.h"
 #include "tuners/ChromaticSection.h"
 #include "tuners/NoteChoice.h"
-#include "tuners/SettingsProxy.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/SettingsProxy.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt {
 

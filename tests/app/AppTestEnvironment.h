@@ -12,7 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "app/ScreenEngines.h"
 #include "app/Tools.h"
 #include "chords/RecordingChordOutput.h"
 #include "framework/Facade.h"
@@ -20,6 +19,7 @@
 #include "framework/ManualLoop.h"
 #include "framework/TickClock.h"
 #include "metronome/RecordingOutput.h"
+#include "screen/ScreenEngines.h"
 #include "tuners/RecordingToneOutput.h"
 
 // The application's main view over a launched shell, as the program loads

@@ -18,7 +18,7 @@
 #include "app/ZebToolsAppDelegate.h"
 #include "state/StateKeys.h"
 #include "state/StateProxy.h"
-#include "tuners/ui/CommonSettings.h"
+#include "tunings/ui/CommonSettings.h"
 
 using namespace zt;
 

@@ -16,7 +16,7 @@
 #include "app/ZebToolsAppDelegate.h"
 #include "framework/View.h"
 #include "state/StateProxy.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 using namespace zt;
 

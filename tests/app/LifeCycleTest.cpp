@@ -14,7 +14,7 @@
 #include "metronome/ui/Metronome.h"
 #include "state/StateKeys.h"
 #include "state/StateProxy.h"
-#include "tuners/ui/CommonSettings.h"
+#include "tunings/ui/CommonSettings.h"
 
 using namespace zt;
 

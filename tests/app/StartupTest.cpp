@@ -15,7 +15,7 @@
 #include "framework/View.h"
 #include "sound/MediaProxy.h"
 #include "state/StateProxy.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 using namespace zt;
 

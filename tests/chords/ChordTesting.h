@@ -9,7 +9,7 @@
 #include "chords/ChordLibrary.h"
 #include "chords/ChordShape.h"
 #include "chords/VariationOrder.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt::test {
 

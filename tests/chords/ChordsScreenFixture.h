@@ -15,8 +15,8 @@
 #include "state/StateCommands.h"
 #include "state/StateProxy.h"
 #include "state/StateTestSupport.h"
-#include "tuners/SettingsProxy.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/SettingsProxy.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt::test {
 

@@ -5,11 +5,11 @@
 
 #include <QQmlEngine>
 
-#include "app/ScreenEngines.h"
 #include "app/Tools.h"
 #include "chords/RecordingChordOutput.h"
 #include "framework/TickClock.h"
 #include "metronome/RecordingOutput.h"
+#include "screen/ScreenEngines.h"
 #include "tuners/RecordingToneOutput.h"
 
 Q_IMPORT_QML_PLUGIN(ZebToolsPlugin)

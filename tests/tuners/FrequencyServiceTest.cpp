@@ -13,7 +13,7 @@
 #include "framework/Log.h"
 #include "tuners/FrequencyCommands.h"
 #include "tuners/MainFrequerncyProxy.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 namespace {

@@ -9,11 +9,11 @@
 #include "state/StateCommands.h"
 #include "state/StateProxy.h"
 #include "state/StateTestSupport.h"
-#include "tuners/SettingsProxy.h"
 #include "tuners/ui/TunerBrain.h"
 #include "tuners/ui/TunerBrainMediator.h"
 #include "tuners/ui/TunerBrainSettings.h"
 #include "tuners/ui/TunerBrainSettingsMediator.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt::test {
 namespace {

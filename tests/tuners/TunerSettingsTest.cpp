@@ -14,7 +14,6 @@
 #include "tuners/MainFrequerncyProxy.h"
 #include "tuners/MicrophoneProxy.h"
 #include "tuners/OrchestraControlProxy.h"
-#include "tuners/SettingsProxy.h"
 #include "tuners/ui/MicrophoneCalibrating.h"
 #include "tuners/ui/MicrophoneCalibratingMediator.h"
 #include "tuners/ui/OrchestraControl.h"
@@ -23,6 +22,7 @@
 #include "tuners/ui/TunerChromaticSettingsMediator.h"
 #include "tuners/ui/TunerChromaticTaper.h"
 #include "tuners/ui/TunerChromaticTaperMediator.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt::test {
 namespace {

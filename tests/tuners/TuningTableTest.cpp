@@ -10,7 +10,7 @@
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "tuners/MainFrequerncyProxy.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 using namespace zt;
 

@@ -20,12 +20,12 @@
 #include <string>
 #include <vector>
 
-#include "app/Screen.h"
 #include "chords/ChordOutput.h"
 #include "chords/ui/ChordsSavedState.h"
 #include "chords/ui/NeckPicture.h"
 #include "chords/ui/StripArrows.h"
 #include "chords/ui/TouchView.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

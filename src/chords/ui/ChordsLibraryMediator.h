@@ -8,9 +8,9 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
 #include "chords/ui/ChordsLibrary.h"
 #include "chords/ui/ChordsLibraryDelegate.h"
+#include "screen/ScreenMediator.h"
 
 namespace zt {
 

@@ -13,7 +13,7 @@
 #include <QPointer>
 #include <QString>
 
-#include "app/Screen.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

@@ -5,9 +5,9 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
 #include "chords/ui/ChordsLibrarySettings.h"
 #include "chords/ui/ChordsLibrarySettingsDelegate.h"
+#include "screen/ScreenMediator.h"
 
 namespace zt {
 

@@ -16,11 +16,11 @@
 #include <QTimer>
 #include <QVariantList>
 
-#include "app/Screen.h"
 #include "framework/TickClock.h"
 #include "metronome/HeldStopOutput.h"
 #include "metronome/MetronomeCore.h"
 #include "metronome/ui/MetronomeControls.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

@@ -6,9 +6,9 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
 #include "metronome/ui/Metronome.h"
 #include "metronome/ui/MetronomeDelegate.h"
+#include "screen/ScreenMediator.h"
 
 namespace zt {
 

@@ -15,8 +15,8 @@
 #include <QString>
 #include <QStringList>
 
-#include "app/Screen.h"
 #include "metronome/ui/PresetListModel.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

@@ -5,9 +5,9 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
 #include "metronome/ui/MetronomeSettings.h"
 #include "metronome/ui/MetronomeSettingsDelegate.h"
+#include "screen/ScreenMediator.h"
 
 namespace zt {
 

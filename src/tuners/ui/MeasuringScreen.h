@@ -10,7 +10,7 @@
 #include <QString>
 #include <QTimer>
 
-#include "app/Screen.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

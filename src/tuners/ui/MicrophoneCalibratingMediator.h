@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
+#include "screen/ScreenMediator.h"
 #include "tuners/ui/MicrophoneCalibrating.h"
 #include "tuners/ui/MicrophoneCalibratingDelegate.h"
 

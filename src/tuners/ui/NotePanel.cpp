@@ -1,6 +1,6 @@
 #include "tuners/ui/NotePanel.h"
 
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt {
 

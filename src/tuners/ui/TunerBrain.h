@@ -18,8 +18,8 @@
 #include <array>
 #include <string>
 
-#include "app/Screen.h"
 #include "framework/Value.h"
+#include "screen/Screen.h"
 #include "tuners/ByEarStrings.h"
 #include "tuners/StringToneOutput.h"
 

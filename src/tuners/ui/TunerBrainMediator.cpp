@@ -3,7 +3,7 @@
 #include "framework/Facade.h"
 #include "framework/Log.h"
 #include "sound/MediaProxy.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
+#include "screen/ScreenMediator.h"
 #include "tuners/ui/TunerBrain.h"
 #include "tuners/ui/TunerBrainDelegate.h"
 

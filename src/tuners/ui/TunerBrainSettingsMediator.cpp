@@ -2,7 +2,7 @@
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 

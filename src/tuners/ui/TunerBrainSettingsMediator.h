@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
+#include "screen/ScreenMediator.h"
 #include "tuners/ui/TunerBrainSettings.h"
 #include "tuners/ui/TunerBrainSettingsDelegate.h"
 

@@ -19,10 +19,10 @@
 #include <QTimer>
 #include <QVariantList>
 
-#include "app/Screen.h"
 #include "dsp/Note.h"
 #include "dsp/NoteDescription.h"
 #include "framework/Value.h"
+#include "screen/Screen.h"
 #include "tuners/ui/NotePanel.h"
 
 namespace zt {

@@ -4,7 +4,7 @@
 #include "framework/Log.h"
 #include "sound/MediaProxy.h"
 #include "tuners/MainFrequerncyProxy.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
+#include "screen/ScreenMediator.h"
 #include "tuners/ui/TunerChromatic.h"
 #include "tuners/ui/TunerChromaticDelegate.h"
 

@@ -21,8 +21,8 @@
 #include <string>
 #include <vector>
 
-#include "app/Screen.h"
 #include "framework/Value.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

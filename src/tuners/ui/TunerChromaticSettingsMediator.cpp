@@ -4,7 +4,7 @@
 #include "framework/Log.h"
 #include "sound/CaptureDevices.h"
 #include "state/StateProxy.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 

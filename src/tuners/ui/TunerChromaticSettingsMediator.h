@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
+#include "screen/ScreenMediator.h"
 #include "tuners/ui/TunerChromaticSettings.h"
 #include "tuners/ui/TunerChromaticSettingsDelegate.h"
 

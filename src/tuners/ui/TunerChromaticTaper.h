@@ -9,7 +9,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "app/Screen.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

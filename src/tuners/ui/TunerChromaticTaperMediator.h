@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
+#include "screen/ScreenMediator.h"
 #include "tuners/ui/TunerChromaticTaper.h"
 #include "tuners/ui/TunerChromaticTaperDelegate.h"
 

@@ -1,4 +1,4 @@
-#include "app/Screen.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

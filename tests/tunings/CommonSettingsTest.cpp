@@ -4,9 +4,9 @@
 #include "state/StateKeys.h"
 #include "state/StateProxy.h"
 #include "state/StateTestSupport.h"
-#include "tuners/SettingsProxy.h"
-#include "tuners/ui/CommonSettings.h"
-#include "tuners/ui/CommonSettingsMediator.h"
+#include "tunings/SettingsProxy.h"
+#include "tunings/ui/CommonSettings.h"
+#include "tunings/ui/CommonSettingsMediator.h"
 
 using namespace zt;
 

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Screen.h"
+#include "screen/Screen.h"
 
 namespace zt {
 

@@ -6,8 +6,8 @@
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
-#include "tuners/SettingsProxy.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/SettingsProxy.h"
+#include "tunings/TuningCatalogue.h"
 
 using namespace zt;
 

@@ -1,8 +1,8 @@
-#include "tuners/ui/CommonSettingsMediator.h"
+#include "tunings/ui/CommonSettingsMediator.h"
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 namespace zt {
 

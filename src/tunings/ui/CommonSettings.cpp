@@ -1,10 +1,10 @@
-#include "tuners/ui/CommonSettings.h"
+#include "tunings/ui/CommonSettings.h"
 
 #include <QVariantMap>
 
 #include "framework/Value.h"
-#include "tuners/TuningCatalogue.h"
-#include "tuners/ui/CommonSettingsDelegate.h"
+#include "tunings/TuningCatalogue.h"
+#include "tunings/ui/CommonSettingsDelegate.h"
 
 namespace zt {
 

@@ -5,9 +5,9 @@
 
 #include <memory>
 
-#include "app/ScreenMediator.h"
-#include "tuners/ui/CommonSettings.h"
-#include "tuners/ui/CommonSettingsDelegate.h"
+#include "screen/ScreenMediator.h"
+#include "tunings/ui/CommonSettings.h"
+#include "tunings/ui/CommonSettingsDelegate.h"
 
 namespace zt {
 

@@ -1,8 +1,8 @@
-#include "tuners/SettingsProxy.h"
+#include "tunings/SettingsProxy.h"
 
 #include "framework/Log.h"
 #include "state/StateKeys.h"
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 namespace zt {
 

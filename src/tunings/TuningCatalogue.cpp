@@ -1,4 +1,4 @@
-#include "tuners/TuningCatalogue.h"
+#include "tunings/TuningCatalogue.h"
 
 #include "state/StateKeys.h"
 
