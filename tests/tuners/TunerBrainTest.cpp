@@ -208,7 +208,7 @@ TEST_P(SavedLoop, IsReadBackOrFallsBackToOffWhenUnreadable) {
     start({{"Loop", GetParam().saved}});
     EXPECT_EQ(brain_.loopSound(), GetParam().loop);
     settings.viewWillAppear();
-    EXPECT_EQ(settings.loopSound(), GetParam().loop);
+    EXPECT_EQ(settings.isOn(), GetParam().loop);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, SavedLoop,
@@ -224,10 +224,11 @@ INSTANTIATE_TEST_SUITE_P(Values, SavedLoop,
 TEST_F(TunerBrainTest, TheLoopSwitchTakesEffectAtOnceAndIsSavedAtOnce) {
     start();
     settings.viewWillAppear();
-    settings.switcherLoopAction();
+    settings.switcherAction();
     EXPECT_TRUE(brain_.loopSound());
+    EXPECT_TRUE(settings.isOn());
     EXPECT_EQ(valueFor(savedSection(), "Loop").toBool(false), true);
-    settings.switcherLoopAction();
+    settings.switcherAction();
     EXPECT_FALSE(brain_.loopSound());
     EXPECT_EQ(savedSection(), (Dictionary{{"Loop", false}}));
 }

@@ -1,5 +1,6 @@
-// The "Tunings" screen with its mediator, the settings proxy and the saved
-// state wired as at start-up.
+// The "Tunings" screen and a tool's settings page that leads to it, with
+// their mediators, the settings proxy and the saved state wired as at
+// start-up.
 #include "state/StateCommands.h"
 #include "state/StateKeys.h"
 #include "state/StateProxy.h"
@@ -7,6 +8,8 @@
 #include "tunings/SettingsProxy.h"
 #include "tunings/ui/CommonSettings.h"
 #include "tunings/ui/CommonSettingsMediator.h"
+#include "tunings/ui/ToolSettings.h"
+#include "tunings/ui/ToolSettingsMediator.h"
 
 using namespace zt;
 
@@ -17,7 +20,7 @@ std::vector<std::string> sent;
 struct Recorder : Mediator {
     Recorder() : Mediator("Recorder") {}
     std::vector<std::string> listNotificationInterests() const override {
-        return {"SetChordsTuning", "ReloadChords", "SaveCommonState"};
+        return {"SetChordsTuning", "ReloadChords", "SaveCommonState", "SaveTest", "ShowTestTuning"};
     }
     void handleNotification(const Notification& n) override {
         const Dictionary* body = n.bodyAs<Dictionary>();
@@ -106,3 +109,56 @@ TEST_F(CommonSettingsTest, AppearingShowsTheTuningChosenElsewhere) {
     EXPECT_EQ(screen.headerText(), "OPEN A (2)");
     EXPECT_EQ(tickedRows(), std::vector<int>{43});
 }
+
+// A tool's settings page over a value of the test's own, saved either as
+// the switch flips or as the page goes.
+struct SaveMomentCase {
+    const char* name;
+    ToolSettings::SaveMoment saved;
+    // What is sent by a flip, then by leaving.
+    std::vector<std::string> onFlip;
+    std::vector<std::string> onLeaving;
+};
+
+class ToolSettingsTest : public CommonSettingsTest,
+                         public ::testing::WithParamInterface<SaveMomentCase> {
+protected:
+    void SetUp() override {
+        CommonSettingsTest::SetUp();
+        Facade::getInstance().registerMediator(makeMediator<ToolSettingsMediator>(
+            "TestSettings", &page, "SaveTest", "ShowTestTuning"));
+    }
+
+    bool held = false;
+    ToolSettings page{{"Loop", "loop", "Loop", GetParam().saved, [this] { return held; },
+                       [this](bool on) { held = on; }}};
+};
+
+TEST_P(ToolSettingsTest, TheToolFollowsAtOnceAndTheValueIsSavedAtItsMoment) {
+    held = true;
+    page.viewWillAppear();
+    EXPECT_TRUE(page.isOn()) << "the value is read from the tool";
+    EXPECT_EQ(page.nameOfTuning(), "Standard");
+    page.switcherAction();
+    EXPECT_FALSE(held);
+    EXPECT_EQ(sent, GetParam().onFlip);
+    sent.clear();
+    page.viewWillDisappear();
+    EXPECT_EQ(sent, GetParam().onLeaving);
+}
+
+TEST_P(ToolSettingsTest, OnlyTheTuningsRowLeadsAnywhere) {
+    for (int row : {-1, 0, 1, 3})
+        page.selectRow(row);
+    EXPECT_TRUE(sent.empty());
+    EXPECT_FALSE(page.isOn()) << "touching a row does not flip the switch";
+    page.selectRow(2);
+    EXPECT_EQ(sent, std::vector<std::string>{"ShowTestTuning"});
+}
+
+const std::string kSavedOff = "SaveTest " + Value(Dictionary{{"Loop", false}}).describe();
+INSTANTIATE_TEST_SUITE_P(
+    Moments, ToolSettingsTest,
+    ::testing::Values(SaveMomentCase{"Flipped", ToolSettings::SaveMoment::Flipped, {kSavedOff}, {}},
+                      SaveMomentCase{"Left", ToolSettings::SaveMoment::Left, {}, {kSavedOff}}),
+    [](const auto& info) { return std::string(info.param.name); });

@@ -1,36 +1,18 @@
 #pragma once
-// Connects the chords settings screen to the rest of the program: the
-// tuning's name from SettingsProxy, the way to the tunings list
-// ("ShowChordsTuning") and the saved state ("SaveChordsLibraryState").
+// The chords settings page, registered under its own name: the tunings list
+// opens on the chords stack ("ShowChordsTuning") and the switch is saved
+// with "SaveChordsLibraryState".
 
-#include <memory>
-
-#include "chords/ui/ChordsLibrarySettings.h"
-#include "chords/ui/ChordsLibrarySettingsDelegate.h"
-#include "screen/ScreenMediator.h"
+#include "tunings/ui/ToolSettingsMediator.h"
 
 namespace zt {
 
-class SettingsProxy;
-
-class ChordsLibrarySettingsMediator
-    : public ScreenMediator<ChordsLibrarySettings, ChordsLibrarySettingsDelegate> {
+class ChordsLibrarySettingsMediator : public ToolSettingsMediator {
 public:
     static constexpr const char* NAME = "ChordsLibrarySettingsMediator";
 
-    explicit ChordsLibrarySettingsMediator(ChordsLibrarySettings* screen)
-        : ScreenMediator(NAME, screen) {}
-
-    void saveChordsLibrarySettings(const Dictionary& settings) override;
-    // Row 2: "ShowChordsTuning".
-    void chooseChordsOptions(int row) override;
-    std::string getTuningName() const override;
-
-protected:
-    void registered() override;
-
-private:
-    std::shared_ptr<SettingsProxy> settings_;
+    explicit ChordsLibrarySettingsMediator(ToolSettings* screen)
+        : ToolSettingsMediator(NAME, screen, "SaveChordsLibraryState", "ShowChordsTuning") {}
 };
 
 }  // namespace zt

@@ -1,78 +1,69 @@
 import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import ZebTools
 
-// The "Microphone Required" alert over a calibration screen: a dimmed cover
-// that keeps touches off the screen, the message, and "Ok".
-Rectangle {
+// The "Microphone Required" alert: modal, centred in the window whatever
+// the size of the view that puts it up, with the message and one button.
+// It stays up until the button is touched; `dismissed` tells the screen.
+Dialog {
     id: alert
 
-    property string title
+    property bool shown: false
     property string message
+    property string button: "Ok"
+
     signal dismissed
 
-    anchors.fill: parent
-    color: "#99000000"
-
-    MouseArea {
-        anchors.fill: parent
-    }
-
-    RoundedBox {
-        anchors.centerIn: parent
-        width: Math.min(parent.width - 40, 300)
-        height: body.height + 45
-        radius: 14
+    objectName: "microphoneAlert"
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(300, parent.width - 20)
+    padding: 16
+    modal: true
+    closePolicy: Popup.NoAutoClose
+    visible: alert.shown
+    background: Rectangle {
         color: Theme.panel
+        radius: Theme.cardRadius
         border.color: Theme.separator
+    }
+    T.Overlay.modal: Rectangle {
+        color: "#99000000"
+    }
+    header: Text {
+        text: alert.title
+        color: Theme.text
+        font.pixelSize: 17
+        font.bold: true
+        horizontalAlignment: Text.AlignHCenter
+        topPadding: 16
+    }
+    contentItem: Text {
+        objectName: "alertMessage"
+        text: alert.message
+        color: Theme.text
+        font.pixelSize: 14
+        wrapMode: Text.WordWrap
+        horizontalAlignment: Text.AlignHCenter
+    }
+    footer: Button {
+        id: okButton
 
-        Column {
-            id: body
-
-            width: parent.width
-            topPadding: 16
-            bottomPadding: 16
-            spacing: 8
-
-            Text {
-                width: parent.width
-                text: alert.title
-                horizontalAlignment: Text.AlignHCenter
-                color: Theme.text
-                font.bold: true
-                font.pixelSize: 17
-            }
-            Text {
-                objectName: "alertMessage"
-                x: 16
-                width: parent.width - 32
-                text: alert.message
-                wrapMode: Text.WordWrap
-                horizontalAlignment: Text.AlignHCenter
-                color: Theme.text
-                font.pixelSize: 13
-            }
-        }
-        Rectangle {
-            y: body.height
-            width: parent.width
-            height: 1
-            color: Theme.separator
-        }
-        Text {
-            objectName: "alertOk"
-            y: body.height + 1
-            width: parent.width
-            height: 44
-            text: "Ok"
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
+        objectName: "alertOk"
+        text: alert.button
+        flat: true
+        focusPolicy: Qt.NoFocus
+        onClicked: alert.dismissed()
+        contentItem: Text {
+            text: okButton.text
             color: Theme.accent
+            font.pixelSize: 17
             font.bold: true
-            font.pixelSize: 16
-
-            TapHandler {
-                onTapped: alert.dismissed()
-            }
+            horizontalAlignment: Text.AlignHCenter
+            topPadding: 10
+            bottomPadding: 12
         }
+        background: Item {}
     }
 }

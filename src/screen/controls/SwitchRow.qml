@@ -5,17 +5,21 @@ import ZebTools
 // A settings row with an on/off switch at its right end, in the accent
 // colour when on. A click anywhere on the row flips it as a click on the
 // switch does: either way `flipped` asks the screen, and `isOn` shows
-// what the screen holds.
+// what the screen holds. With `rowFlips` off only the switch flips it.
 CardRow {
     id: row
 
     property bool isOn: false
+    property bool rowFlips: true
     property alias switchName: toggle.objectName
 
     signal flipped
 
     trailing: toggle.width + 6
-    onClicked: row.flipped()
+    onClicked: {
+        if (row.rowFlips)
+            row.flipped()
+    }
 
     Switch {
         id: toggle

@@ -260,7 +260,7 @@ Rectangle {
     }
 
     MicrophoneAlert {
-        visible: view.screen.alertShown
+        shown: view.screen.alertShown
         title: view.screen.alertTitle
         message: view.screen.alertMessage
         onDismissed: view.screen.dismissAlert()

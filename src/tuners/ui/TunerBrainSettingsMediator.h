@@ -1,36 +1,18 @@
 #pragma once
-// Connects the by-ear tuner's settings screen to the rest of the program:
-// the tuning's name from SettingsProxy, the way to the tunings list
-// ("ShowTunerBrainTuning") and the saved state ("SaveBrainTunerState").
+// The by-ear tuner's settings page, registered under its own name: the
+// tunings list opens on the by-ear tuner's stack ("ShowTunerBrainTuning")
+// and the switch is saved with "SaveBrainTunerState".
 
-#include <memory>
-
-#include "screen/ScreenMediator.h"
-#include "tuners/ui/TunerBrainSettings.h"
-#include "tuners/ui/TunerBrainSettingsDelegate.h"
+#include "tunings/ui/ToolSettingsMediator.h"
 
 namespace zt {
 
-class SettingsProxy;
-
-class TunerBrainSettingsMediator
-    : public ScreenMediator<TunerBrainSettings, TunerBrainSettingsDelegate> {
+class TunerBrainSettingsMediator : public ToolSettingsMediator {
 public:
     static constexpr const char* NAME = "TunerBrainSettingsMediator";
 
-    explicit TunerBrainSettingsMediator(TunerBrainSettings* screen)
-        : ScreenMediator(NAME, screen) {}
-
-    void saveBrainTunerSettings(const Dictionary& settings) override;
-    // Row 2: "ShowTunerBrainTuning".
-    void chooseBrainOptions(int row) override;
-    std::string getTuningName() const override;
-
-protected:
-    void registered() override;
-
-private:
-    std::shared_ptr<SettingsProxy> settings_;
+    explicit TunerBrainSettingsMediator(ToolSettings* screen)
+        : ToolSettingsMediator(NAME, screen, "SaveBrainTunerState", "ShowTunerBrainTuning") {}
 };
 
 }  // namespace zt

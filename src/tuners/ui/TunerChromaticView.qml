@@ -1,7 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Controls.Basic
-import QtQuick.Templates as T
 import ZebTools
 
 // The chromatic tuner: the note panel at the top, the scale with the needle,
@@ -246,55 +244,11 @@ Rectangle {
         }
     }
 
-    // Centred in the window, not in this view, which moves as its page does.
-    Dialog {
-        objectName: "microphoneAlert"
-        parent: T.Overlay.overlay
-        anchors.centerIn: parent
-        width: Math.min(300, parent.width - 20)
-        padding: 16
-        modal: true
-        closePolicy: Popup.NoAutoClose
-        visible: view.screen.microphoneAlert
+    MicrophoneAlert {
+        shown: view.screen.microphoneAlert
         title: view.screen.alertTitle
-        background: Rectangle {
-            color: Theme.panel
-            radius: Theme.cardRadius
-            border.color: Theme.separator
-        }
-        T.Overlay.modal: Rectangle { color: "#99000000" }
-        header: Text {
-            text: view.screen.alertTitle
-            color: Theme.text
-            font.pixelSize: 17
-            font.bold: true
-            horizontalAlignment: Text.AlignHCenter
-            topPadding: 16
-        }
-        contentItem: Text {
-            text: view.screen.alertMessage
-            color: Theme.text
-            font.pixelSize: 14
-            wrapMode: Text.WordWrap
-            horizontalAlignment: Text.AlignHCenter
-        }
-        footer: Button {
-            id: okButton
-            objectName: "alertOk"
-            text: view.screen.alertButton
-            flat: true
-            focusPolicy: Qt.NoFocus
-            onClicked: view.screen.dismissMicrophoneAlert()
-            contentItem: Text {
-                text: okButton.text
-                color: Theme.accent
-                font.pixelSize: 17
-                font.bold: true
-                horizontalAlignment: Text.AlignHCenter
-                topPadding: 10
-                bottomPadding: 12
-            }
-            background: Item {}
-        }
+        message: view.screen.alertMessage
+        button: view.screen.alertButton
+        onDismissed: view.screen.dismissMicrophoneAlert()
     }
 }

@@ -1,17 +1,16 @@
-// The chords settings: the "Show notes" switch, and the way to the tunings
+// A tool's settings page: the tool's switch, and the way to the tunings
 // list with the current tuning's name. Everything shown comes from the
-// ChordsLibrarySettings object and every touch is forwarded to it. In a
-// wide window the card keeps to a centred column.
+// ToolSettings object and every touch is forwarded to it. In a wide window
+// the card keeps to a centred column.
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import ZebTools
 
 Rectangle {
     id: view
 
-    required property ChordsLibrarySettings screen
+    required property ToolSettings screen
 
     color: Theme.background
 
@@ -35,41 +34,16 @@ Rectangle {
         Card {
             width: content.width
 
-            CardRow {
-                objectName: "showNotesRow"
-                title: view.screen.showNotesTitle
+            SwitchRow {
+                objectName: view.screen.switchName + "Row"
+                switchName: view.screen.switchName + "Switch"
+                title: view.screen.switchTitle
                 first: true
-                trailing: notesSwitch.width + 6
+                // Only the switch itself flips; the row leads nowhere.
+                rowFlips: false
+                isOn: view.screen.isOn
                 onClicked: view.screen.selectRow(1)
-
-                Switch {
-                    id: notesSwitch
-
-                    objectName: "showNotesSwitch"
-                    anchors.right: parent.right
-                    anchors.rightMargin: 10
-                    anchors.verticalCenter: parent.verticalCenter
-                    padding: 0
-                    checked: view.screen.isShowNotes
-                    onToggled: view.screen.switcherNotesAction()
-                    indicator: Rectangle {
-                        implicitWidth: 50
-                        implicitHeight: 30
-                        radius: 15
-                        color: notesSwitch.checked ? Theme.accent : Theme.separator
-                        Behavior on color { ColorAnimation { duration: 150 } }
-
-                        Rectangle {
-                            x: notesSwitch.checked ? parent.width - width - 2 : 2
-                            y: 2
-                            width: 26
-                            height: 26
-                            radius: 13
-                            color: notesSwitch.down ? "#E0E0E0" : "#FFFFFF"
-                            Behavior on x { NumberAnimation { duration: 150 } }
-                        }
-                    }
-                }
+                onFlipped: view.screen.switcherAction()
             }
 
             CardRow {

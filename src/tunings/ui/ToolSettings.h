@@ -1,0 +1,109 @@
+#pragma once
+// A tool's settings page: one list of three rows.
+//   0  the title "Settings"
+//   1  the tool's one switch (the by-ear tuner's "Loop", the chords
+//      library's "Show notes"); the tool follows at once
+//   2  "Tunings", with the current tuning's name: opens the tunings list
+// What differs between tools (the switch's title, where its value lives,
+// the key it is saved under and when) is given at construction; the saved
+// section and the way to the tunings list are the mediator's. The QML view
+// (ToolSettingsView.qml) only draws these properties and forwards touches.
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QPointer>
+#include <QString>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "screen/Screen.h"
+
+namespace zt {
+
+class ToolSettingsDelegate;
+
+class ToolSettings : public zt::Screen {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Created by the shell")
+    Q_PROPERTY(QString titleRow READ titleRow CONSTANT)
+    Q_PROPERTY(QString switchTitle READ switchTitle CONSTANT)
+    Q_PROPERTY(QString switchName READ switchName CONSTANT)
+    Q_PROPERTY(QString tuningsTitle READ tuningsTitle CONSTANT)
+    Q_PROPERTY(bool isOn READ isOn NOTIFY isOnChanged)
+    Q_PROPERTY(QString nameOfTuning READ nameOfTuning NOTIFY nameOfTuningChanged)
+
+public:
+    // When the switch's value is saved: as it flips, or as the page goes.
+    enum class SaveMoment { Flipped, Left };
+
+    struct Switch {
+        QString title;
+        // Names the row ("<name>Row") and the switch ("<name>Switch") in
+        // the view.
+        QString name;
+        // The key of the tool's saved section.
+        std::string key;
+        SaveMoment saved;
+        // The value as the tool holds it, and the tool told of a new one.
+        // Both are called only while the tool lives.
+        std::function<bool()> read;
+        std::function<void(bool)> write;
+    };
+
+    // A switch over a boolean of the tool's screen, through its getter and
+    // setter, while that screen lives.
+    template <class Tool>
+    static Switch switchOver(Tool* tool, bool (Tool::*get)() const, void (Tool::*set)(bool),
+                             QString title, QString name, std::string key, SaveMoment saved) {
+        QPointer<Tool> held(tool);
+        return {std::move(title),
+                std::move(name),
+                std::move(key),
+                saved,
+                [held, get] { return held && (held.data()->*get)(); },
+                [held, set](bool on) {
+                    if (held)
+                        (held.data()->*set)(on);
+                }};
+    }
+
+    explicit ToolSettings(Switch toolSwitch, QObject* parent = nullptr);
+
+    void setDelegate(ToolSettingsDelegate* delegate) { delegate_ = delegate; }
+    ToolSettingsDelegate* delegate() const { return delegate_; }
+
+    QString titleRow() const { return QStringLiteral("Settings"); }
+    QString switchTitle() const { return switch_.title; }
+    QString switchName() const { return switch_.name; }
+    QString tuningsTitle() const { return QStringLiteral("Tunings"); }
+    bool isOn() const { return isOn_; }
+    QString nameOfTuning() const { return nameOfTuning_; }
+
+    // The switch changed: the value flips, in the tool too.
+    Q_INVOKABLE void switcherAction();
+    // A row touched: only row 2 leads anywhere (the tunings list).
+    Q_INVOKABLE void selectRow(int row);
+
+    // Takes the value from the tool and the tuning's name afresh.
+    void viewWillAppear() override;
+    void viewWillDisappear() override;
+
+    // Sends {key: isOn} to the delegate.
+    void currentSave();
+
+signals:
+    void isOnChanged();
+    void nameOfTuningChanged();
+
+private:
+    void readValue();
+
+    Switch switch_;
+    ToolSettingsDelegate* delegate_ = nullptr;
+    bool isOn_ = false;
+    QString nameOfTuning_;
+};
+
+}  // namespace zt
