@@ -18,42 +18,14 @@ Column {
     Card {
         width: tableTop.width
 
-        CardRow {
+        SwitchRow {
             objectName: "accentRow"
+            switchName: "accentSwitch"
             title: tableTop.screen.accentTitle
             first: true
             last: true
-            trailing: accentSwitch.width + 6
-            onClicked: tableTop.screen.toggleAccent()
-
-            Switch {
-                id: accentSwitch
-
-                objectName: "accentSwitch"
-                anchors.right: parent.right
-                anchors.rightMargin: 10
-                anchors.verticalCenter: parent.verticalCenter
-                padding: 0
-                checked: tableTop.screen.firstBeatEmphasis
-                onToggled: tableTop.screen.toggleAccent()
-                indicator: Rectangle {
-                    implicitWidth: 50
-                    implicitHeight: 30
-                    radius: 15
-                    color: accentSwitch.checked ? Theme.accent : Theme.separator
-                    Behavior on color { ColorAnimation { duration: 150 } }
-
-                    Rectangle {
-                        x: accentSwitch.checked ? parent.width - width - 2 : 2
-                        y: 2
-                        width: 26
-                        height: 26
-                        radius: 13
-                        color: accentSwitch.down ? "#E0E0E0" : "#FFFFFF"
-                        Behavior on x { NumberAnimation { duration: 150 } }
-                    }
-                }
-            }
+            isOn: tableTop.screen.firstBeatEmphasis
+            onFlipped: tableTop.screen.toggleAccent()
         }
     }
 
