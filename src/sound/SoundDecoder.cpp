@@ -3,7 +3,6 @@
 #include <sndfile.h>
 #include <soxr.h>
 
-#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -39,10 +38,7 @@ std::optional<std::vector<float>> SoundDecoder::decode(const std::filesystem::pa
     const size_t maxFrames = kMaxSeconds * static_cast<size_t>(info.samplerate);
     const auto channels = static_cast<size_t>(info.channels);
     std::vector<float> interleaved(static_cast<size_t>(kPieceFrames) * channels);
-    // Room for what the header claims (within the limit), so that a sound
-    // kept for the whole run holds no spare capacity from growing.
     std::vector<float> mono;
-    mono.reserve(std::min(static_cast<size_t>(info.frames), maxFrames));
     for (;;) {
         const sf_count_t read = sf_readf_float(file.get(), interleaved.data(), kPieceFrames);
         if (read <= 0)
@@ -62,10 +58,8 @@ std::optional<std::vector<float>> SoundDecoder::decode(const std::filesystem::pa
         error = "no samples could be read";
         return std::nullopt;
     }
-    if (info.samplerate == rate_) {
-        mono.shrink_to_fit();
+    if (info.samplerate == rate_)
         return mono;
-    }
     std::vector<float> converted = resample(mono, info.samplerate, rate_);
     if (converted.empty()) {
         error = "cannot convert from " + std::to_string(info.samplerate) + " Hz";
