@@ -47,12 +47,11 @@ ApplicationWindow {
                 currentIndex: window.tools.currentTab
 
                 // A tab's stack and views are made the first time the tab is
-                // shown and kept from then on: the views of the other tabs
-                // are most of what a start costs in time and memory. Their
-                // screens live in the shell from the start and hear
-                // everything meant for them while hidden, and a stack made
-                // late shows the shell's stack as it stands, so a tab looks
-                // the same whenever its views were made.
+                // shown and kept from then on, so that a start makes only the
+                // views on show. Their screens live in the shell from the
+                // start and hear everything meant for them while hidden, and
+                // a stack made late shows the shell's stack as it stands, so
+                // a tab looks the same whenever its views were made.
                 Repeater {
                     model: window.tools.tabs.length
                     Loader {
