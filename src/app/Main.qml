@@ -46,12 +46,27 @@ ApplicationWindow {
                 Layout.fillHeight: true
                 currentIndex: window.tools.currentTab
 
+                // A tab's stack and views are made the first time the tab is
+                // shown and kept from then on, so that a start makes only the
+                // views on show. Their screens live in the shell from the
+                // start and hear everything meant for them while hidden, and
+                // a stack made late shows the shell's stack as it stands, so
+                // a tab looks the same whenever its views were made.
                 Repeater {
                     model: window.tools.tabs.length
-                    ToolStack {
+                    Loader {
+                        id: tabView
                         required property int index
-                        tools: window.tools
-                        tab: index
+                        readonly property bool onShow: window.tools.tabBarReady
+                                                       && window.tools.currentTab === index
+                        objectName: "tabView" + index
+
+                        function make() {
+                            if (onShow && !item)
+                                setSource("ToolStack.qml", { tools: window.tools, tab: index })
+                        }
+                        onOnShowChanged: make()
+                        Component.onCompleted: make()
                     }
                 }
             }

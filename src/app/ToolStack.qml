@@ -20,11 +20,18 @@ StackView {
         ScreenPage {}
     }
 
+    // Catches up with the shell's stack at once: a stack made after screens
+    // were pushed onto its tab starts with all of them, the top one on show.
+    function showShellStack() {
+        const keys = stack.tools.stack(stack.tab)
+        for (let i = stack.depth; i < keys.length; ++i)
+            stack.pushPage(keys[i], StackView.Immediate)
+    }
+
     Connections {
         target: stack.tools
         function onTabBarReadyChanged() {
-            if (stack.tools.tabBarReady && stack.depth === 0)
-                stack.pushPage(stack.tools.stack(stack.tab)[0], StackView.Immediate)
+            stack.showShellStack()
         }
         function onPushed(tab, key) {
             if (tab === stack.tab)
@@ -36,8 +43,5 @@ StackView {
         }
     }
 
-    Component.onCompleted: {
-        if (tools.tabBarReady)
-            pushPage(tools.stack(tab)[0], StackView.Immediate)
-    }
+    Component.onCompleted: showShellStack()
 }

@@ -10,10 +10,6 @@
 
 namespace zt {
 
-namespace {
-constexpr std::chrono::milliseconds kLoadPollInterval{200};
-}  // namespace
-
 MediaProxy::MediaProxy(std::string displayName, SoundEngine& engine)
     : Proxy(NAME), displayName_(std::move(displayName)), engine_(engine) {}
 

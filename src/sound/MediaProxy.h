@@ -5,6 +5,7 @@
 // and fret in the engine's source groups.
 
 #include <atomic>
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -28,8 +29,12 @@ public:
     void initializeProxy() override;
 
     // Defines the seven one-source groups and starts loading the bank; a
-    // 0.2 s timer on the main loop polls the progress (see loadState).
+    // timer on the main loop polls the progress (see loadState).
     void loadSoundBuffers();
+    // A poll is one look under a lock, and the loading cover waits for the
+    // poll that sees the bank loaded: a short interval lets the cover lift
+    // as soon as the window is ready, which is about when the bank is.
+    static constexpr std::chrono::milliseconds kLoadPollInterval{20};
     // The polling timer's action.
     void loadState();
     // Frees buffers 1 to 65.

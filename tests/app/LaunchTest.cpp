@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QQmlApplicationEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QtTest/QTest>
 #include <memory>
@@ -116,6 +117,56 @@ TEST_P(LaunchTest, KeysReachOnlyTheToolOnShowFromTheFirstFrame) {
     tones_.calls.clear();
     QTest::keyClick(window_, Qt::Key_5, Qt::AltModifier);
     EXPECT_TRUE(tones_.calls.empty());
+}
+
+// The window draws a tab when it is first shown; what happened on it before
+// (a screen opened there, the tuning changed elsewhere) is on show as if
+// it had been drawn all along.
+TEST_P(LaunchTest, ATabDrawnLateShowsWhatHappenedBefore) {
+    showWindow();
+    // The tab's navigation stack, nullptr while it is not drawn.
+    const auto drawn = [this](int tab) -> QQuickItem* {
+        const QString name = QStringLiteral("tabView%1").arg(tab);
+        QList<QQuickItem*> items = {window_->contentItem()};
+        while (!items.isEmpty()) {
+            QQuickItem* item = items.takeFirst();
+            if (item->objectName() == name)
+                return qvariant_cast<QQuickItem*>(item->property("item"));
+            items += item->childItems();
+        }
+        return nullptr;
+    };
+    for (int t = 0; t < 4; ++t)
+        EXPECT_EQ(drawn(t) != nullptr, t == tab()) << "tab " << t << " at launch";
+
+    const int later = (tab() + 1) % 4;
+    const QString settings[] = {"metronomeSettings", "tunerChromaticSettings", "tunerBrainSettings",
+                                "chordsLibrarySettings"};
+    tools().show(settings[later]);
+    ASSERT_TRUE(
+        QMetaObject::invokeMethod(tools().screen("commonSettings"), "selectRow", Q_ARG(int, 28)));
+    const auto name27 = tunings::catalogue()[27].name;
+    const QString tuning = QString::fromUtf8(name27.data(), qsizetype(name27.size()));
+    for (int t : {later, (tab() + 2) % 4, (tab() + 3) % 4, tab()}) {
+        tools().selectTab(t);
+        QQuickItem* stack = drawn(t);
+        ASSERT_TRUE(stack) << "tab " << t;
+        const QStringList keys = tools().stack(t);
+        ASSERT_EQ(stack->property("depth").toInt(), keys.size()) << "tab " << t;
+        auto* top = qvariant_cast<QQuickItem*>(stack->property("currentItem"));
+        ASSERT_TRUE(top);
+        EXPECT_EQ(top->property("key").toString(), keys.last()) << "tab " << t;
+        // The by-ear tuner and its settings both name the tuning.
+        if (t == BrainTab) {
+            auto* name = top->findChild<QObject*>(QStringLiteral("tuningName"));
+            ASSERT_TRUE(name);
+            EXPECT_EQ(name->property("text").toString(), tuning);
+        }
+    }
+    EXPECT_EQ(tools().stack(later).last(), settings[later]);
+    tools().goBack(later);
+    tools().selectTab(later);
+    EXPECT_EQ(drawn(later)->property("depth").toInt(), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -89,7 +89,7 @@ TEST_F(MediaProxyTest, LoadsOnThePollAfterLoadingAndNotifiesOnce) {
     proxy_->loadSoundBuffers();
     EXPECT_EQ(loop_.activeTimers(), 1u) << "a second load must not start a second timer";
 
-    loop_.advance(199ms);
+    loop_.advance(MediaProxy::kLoadPollInterval - 1ms);
     EXPECT_FALSE(proxy_->isBuffersLoaded());
     loop_.advance(1ms);
     EXPECT_TRUE(proxy_->isBuffersLoaded());
