@@ -1,11 +1,10 @@
 // The metronome screen's choices: the tempo wheel with plus and minus, the
 // choice panels, and the keys that drive them.
-#include "metronome/ui/Metronome.h"
-
 #include <QtCore/qnamespace.h>
 
 #include "metronome/ChoiceSteps.h"
 #include "metronome/TempoRules.h"
+#include "metronome/ui/Metronome.h"
 
 namespace zt {
 

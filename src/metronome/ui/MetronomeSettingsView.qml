@@ -109,6 +109,59 @@ Rectangle {
         }
     }
 
+    // What a delete or an update did, with the way to take it back, for a
+    // few seconds (the screen says how long).
+    Rectangle {
+        id: undoBar
+
+        objectName: "undoBar"
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 12
+        width: view.columnWidth
+        height: 48
+        radius: Theme.cardRadius
+        visible: view.screen.undoMessage !== ""
+        color: Theme.panelLight
+        border.color: Theme.separator
+
+        Text {
+            objectName: "undoMessage"
+            anchors.left: parent.left
+            anchors.leftMargin: 16
+            anchors.right: undoButton.left
+            anchors.verticalCenter: parent.verticalCenter
+            text: view.screen.undoMessage
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.text
+            font.pixelSize: 15
+        }
+        Button {
+            id: undoButton
+
+            objectName: "undoButton"
+            anchors.right: parent.right
+            anchors.rightMargin: 6
+            anchors.verticalCenter: parent.verticalCenter
+            height: 40
+            flat: true
+            text: view.screen.undoText
+            onClicked: view.screen.undo()
+            contentItem: Text {
+                text: undoButton.text
+                verticalAlignment: Text.AlignVCenter
+                color: Theme.accent
+                font.pixelSize: 16
+                font.bold: true
+            }
+            background: Rectangle {
+                radius: 8
+                color: undoButton.down ? Theme.separator : "transparent"
+            }
+        }
+    }
+
     PresetDialogs {
         anchors.fill: parent
         screen: view.screen
