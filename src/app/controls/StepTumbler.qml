@@ -47,17 +47,25 @@ Tumbler {
         tumbler.stepBy(rows)
     }
 
-    WheelSteps {
-        onStepped: notches => tumbler.stepBy(-notches)
-    }
+    // Over the rows, which would otherwise take the wheel and the press
+    // first. A click (not a drag) chooses the row by its distance from the
+    // middle one; the press still reaches the rows for dragging.
+    Item {
+        anchors.fill: parent
+        z: 3
 
-    // A click (not a drag) on a row: the row's distance from the middle one.
-    TapHandler {
-        onTapped: eventPoint => {
-            tumbler.forceActiveFocus(Qt.MouseFocusReason)
-            const rowHeight = tumbler.availableHeight / tumbler.visibleItemCount
-            const fromMiddle = eventPoint.position.y - tumbler.topPadding - tumbler.availableHeight / 2
-            tumbler.stepBy(Math.round(fromMiddle / rowHeight))
+        WheelSteps {
+            onStepped: notches => tumbler.stepBy(-notches)
+        }
+
+        TapHandler {
+            onTapped: eventPoint => {
+                tumbler.forceActiveFocus(Qt.MouseFocusReason)
+                const rowHeight = tumbler.availableHeight / tumbler.visibleItemCount
+                const fromMiddle = eventPoint.position.y - tumbler.topPadding
+                                   - tumbler.availableHeight / 2
+                tumbler.stepBy(Math.round(fromMiddle / rowHeight))
+            }
         }
     }
 

@@ -61,12 +61,15 @@ SwipeDelegate {
         last: presetRow.last
         base: Theme.panel
     }
-    // Slides with the swipe, so the tick and the delete button are part of it.
+    // The row's three buttons, at its right end.
+    readonly property real buttonsWidth: 3 * 32
+
+    // Slides with the swipe, so the tick and the buttons are part of it.
     contentItem: Item {
         RowText {
             anchors.left: parent.left
-            anchors.right: buttons.left
-            anchors.rightMargin: 26
+            anchors.right: parent.right
+            anchors.rightMargin: presetRow.buttonsWidth + 26
             y: 3
             height: parent.height * 0.55
             text: presetRow.name
@@ -75,7 +78,8 @@ SwipeDelegate {
         Text {
             objectName: "presetSummary"
             anchors.left: parent.left
-            anchors.right: buttons.left
+            anchors.right: parent.right
+            anchors.rightMargin: presetRow.buttonsWidth + 26
             anchors.bottom: parent.bottom
             anchors.bottomMargin: 3
             text: presetRow.summary
@@ -84,13 +88,12 @@ SwipeDelegate {
             font.pixelSize: 12
         }
         CheckMark {
-            anchors.right: buttons.left
-            anchors.rightMargin: 4
+            anchors.right: parent.right
+            anchors.rightMargin: presetRow.buttonsWidth + 4
             anchors.verticalCenter: parent.verticalCenter
             visible: presetRow.marked
         }
         Row {
-            id: buttons
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
 
