@@ -31,6 +31,8 @@ Rectangle {
         anchors.fill: parent
         clip: true
         boundsBehavior: Flickable.StopAtBounds
+        // The last rows can scroll clear of the undo bar.
+        bottomMargin: undoBar.visible ? undoBar.height + 12 : 0
         model: view.screen.presets
         ScrollIndicator.vertical: ScrollIndicator {}
 

@@ -53,6 +53,8 @@ SwipeDelegate {
     height: Theme.rowHeight + 6
     leftPadding: 16
     rightPadding: 6
+    topPadding: 2
+    bottomPadding: 2
     clip: true
     onClicked: screen.choosePreset(row)
     // Opaque: it slides over the delete button with the row.
@@ -66,26 +68,25 @@ SwipeDelegate {
 
     // Slides with the swipe, so the tick and the buttons are part of it.
     contentItem: Item {
-        RowText {
+        Column {
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.rightMargin: presetRow.buttonsWidth + 26
-            y: 3
-            height: parent.height * 0.55
-            text: presetRow.name
-            marked: presetRow.marked
-        }
-        Text {
-            objectName: "presetSummary"
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.rightMargin: presetRow.buttonsWidth + 26
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: 3
-            text: presetRow.summary
-            elide: Text.ElideRight
-            color: Theme.textDim
-            font.pixelSize: 12
+            anchors.verticalCenter: parent.verticalCenter
+
+            RowText {
+                width: parent.width
+                text: presetRow.name
+                marked: presetRow.marked
+            }
+            Text {
+                objectName: "presetSummary"
+                width: parent.width
+                text: presetRow.summary
+                elide: Text.ElideRight
+                color: Theme.textDim
+                font.pixelSize: 12
+            }
         }
         CheckMark {
             anchors.right: parent.right
