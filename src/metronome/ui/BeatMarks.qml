@@ -38,6 +38,8 @@ Item {
                 readonly property bool downbeat: beat === 1
 
                 objectName: "beatMark" + beat
+                Accessible.role: Accessible.Indicator
+                Accessible.name: "Beat " + beat + (lit ? ", sounding" : "")
                 width: marks.markWidth
                 height: marks.markHeight
                 radius: Math.min(width, height) * 0.3

@@ -125,6 +125,8 @@ Rectangle {
         radius: Theme.cardRadius
         visible: view.screen.undoMessage !== ""
         color: Theme.panelLight
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: view.screen.undoMessage
         border.color: Theme.separator
 
         Text {

@@ -48,6 +48,7 @@ Item {
         // Rows about 24 units tall, an odd number so one sits in the middle.
         visibleItemCount: Math.max(3, 2 * Math.floor(height / 48) + 1)
         onChosen: index => row.screen.selectRow(index)
+        Accessible.name: "Tempo"
         model: row.screen.wheelLabels
         currentIndex: row.screen.row
 

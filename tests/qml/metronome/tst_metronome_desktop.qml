@@ -142,6 +142,7 @@ Item {
         function test_4_presets() {
             metronome.selectRow(100)
             const settings = openSettings()
+            addPreset(settings, "Other")
             const before = settings.presets.count
             addPreset(settings, "Desk one")
             compare(settings.presets.count, before + 1, "Enter saves")
@@ -168,6 +169,20 @@ Item {
             keyClick(Qt.Key_Return)
             compare(settings.message, "", "Return is the message's OK")
             tryVerify(() => field.activeFocus)
+            field.text = "desk ONE"
+            keyClick(Qt.Key_Enter)
+            compare(settings.message, "", "its own name in other letters")
+            tryVerify(() => !settings.addDialogOpen)
+            click(find("renamePreset" + row))
+            tryVerify(() => field.activeFocus)
+            field.text = "oTHER"
+            keyClick(Qt.Key_Return)
+            compare(settings.message, "You allready have preset with same name.")
+            tryVerify(() => message.activeFocus)
+            keyClick(Qt.Key_Escape)
+            compare(settings.message, "", "Escape is the message's OK too")
+            tryVerify(() => field.activeFocus)
+            compare(field.text, "oTHER", "the field keeps the name")
             field.text = "Desk two"
             keyClick(Qt.Key_Return)
             tryVerify(() => !settings.addDialogOpen)
