@@ -148,6 +148,8 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
         mixed = offset;
 
         TickLogic::Tick tick;
+        // The bar position the beat about to sound stands on.
+        const int beatInBar = logic_.beatNumber();
         if (beat) {
             tick = logic_.mainTick();
             nextBeatFrame_ = beatGrid_.frameOf(++beatIndex_);
@@ -160,7 +162,7 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
             // When nobody takes them the queue is full and beats are skipped.
             if (beat) {
                 lastBeatFrame_ = at;
-                beats_.push({at, tick.soundId == logic_.sounds().tock});
+                beats_.push({at, tick.soundId == logic_.sounds().tock, beatInBar});
             }
         }
     }

@@ -35,12 +35,13 @@ namespace zt {
 
 class MetronomeEngine : public MetronomeOutput, public StreamRenderer {
 public:
-    // A beat click as rendered: its frame on the stream clock and whether it
-    // was the accent. Rendering runs ahead of what is heard by the stream's
-    // buffering.
+    // A beat click as rendered: its frame on the stream clock, whether it
+    // was the accent and its place in the bar (1 to the numerator).
+    // Rendering runs ahead of what is heard by the stream's buffering.
     struct RenderedBeat {
         std::int64_t frame = 0;
         bool accented = false;
+        int beatInBar = 1;
     };
 
     // sampleRate of the stream in hertz.

@@ -13,6 +13,7 @@ namespace zt {
 // A beat click (not a subdivision) that has just reached the speaker.
 struct HeardBeat {
     bool accented = false;  // the accented first beat of a bar
+    int beatInBar = 1;      // 1 (the downbeat) to the numerator
 };
 
 class MetronomeOutput {

@@ -71,7 +71,7 @@ std::optional<HeardBeat> MetronomePlayer::takeHeardBeat() {
         if (!nextBeat_ || nextBeat_->frame > heard)
             break;
         if (heard - nextBeat_->frame <= staleFrames)
-            latest = HeardBeat{nextBeat_->accented};
+            latest = HeardBeat{nextBeat_->accented, nextBeat_->beatInBar};
         nextBeat_.reset();
     }
     return latest;

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <chrono>
-#include <locale>
 #include <string_view>
 
 #include "framework/Log.h"
 #include "framework/Paths.h"
+#include "metronome/PresetName.h"
 #include "state/AtomicFile.h"
 #include "state/PlistFile.h"
 #include "state/PlistText.h"
@@ -17,65 +17,6 @@ namespace {
 
 // A temporary file this old cannot belong to a save still running.
 constexpr auto kStaleTemporary = std::chrono::minutes(1);
-
-// Lower-case mapping for the whole of Unicode where the C library has one
-// ("Été" and "éTÉ" are the same title); plain ASCII otherwise.
-const std::ctype<wchar_t>* unicodeCase() {
-    static const std::ctype<wchar_t>* facet = []() -> const std::ctype<wchar_t>* {
-        try {
-            static const std::locale utf8("C.UTF-8");
-            return &std::use_facet<std::ctype<wchar_t>>(utf8);
-        } catch (const std::exception&) {
-            return nullptr;
-        }
-    }();
-    return facet;
-}
-
-// Bytes in the UTF-8 sequence that lead starts; 0 when lead cannot start one.
-std::size_t sequenceLength(unsigned char lead) {
-    if (lead < 0x80)
-        return 1;
-    if ((lead >> 5) == 0x6)
-        return 2;
-    if ((lead >> 4) == 0xE)
-        return 3;
-    if ((lead >> 3) == 0x1E)
-        return 4;
-    return 0;
-}
-
-// Decodes UTF-8 and lowers each character. Bytes that are not UTF-8 stay
-// distinct (mapped into the surrogate range, which no character uses).
-std::u32string foldCase(std::string_view text) {
-    std::u32string out;
-    out.reserve(text.size());
-    const auto* facet = unicodeCase();
-    for (std::size_t i = 0; i < text.size();) {
-        const auto lead = static_cast<unsigned char>(text[i]);
-        const std::size_t length = sequenceLength(lead);
-        // The lead byte's payload: the bits below its length marker.
-        char32_t c = length <= 1 ? lead : lead & (0x7F >> length);
-        bool valid = length > 0 && i + length <= text.size();
-        for (std::size_t k = 1; valid && k < length; ++k) {
-            const auto next = static_cast<unsigned char>(text[i + k]);
-            valid = (next & 0xC0) == 0x80;
-            c = (c << 6) | (next & 0x3F);
-        }
-        if (!valid) {
-            out.push_back(0xDC00 + lead);
-            ++i;
-            continue;
-        }
-        if (facet && sizeof(wchar_t) == sizeof(char32_t))
-            c = static_cast<char32_t>(facet->tolower(static_cast<wchar_t>(c)));
-        else if (c >= 'A' && c <= 'Z')
-            c += 'a' - 'A';
-        out.push_back(c);
-        i += length;
-    }
-    return out;
-}
 
 bool hasVersion(const Value& root) {
     return root.isArray() && !root.array().empty() && root.array()[0].isString() &&
@@ -169,12 +110,23 @@ void MetronomeProxy::takeOutsideChanges() {
         presetsArray_ = ours;
         return;
     }
-    for (const auto& [added, preset] : edits_) {
-        const auto at = std::find(presetsArray_.begin() + 1, presetsArray_.end(), preset);
-        if (added)
-            presetsArray_.push_back(preset);
-        else if (at != presetsArray_.end())
+    for (const Edit& edit : edits_) {
+        const auto at = std::find(presetsArray_.begin() + 1, presetsArray_.end(),
+                                  edit.kind == Edit::Kind::Replaced ? edit.previous : edit.preset);
+        if (edit.kind == Edit::Kind::Added) {
+            const std::size_t index =
+                edit.index == 0 ? presetsArray_.size() : std::min(edit.index, presetsArray_.size());
+            presetsArray_.insert(presetsArray_.begin() + static_cast<std::ptrdiff_t>(index),
+                                 edit.preset);
+        } else if (at == presetsArray_.end()) {
+            // Gone from the file: a replacement is kept all the same.
+            if (edit.kind == Edit::Kind::Replaced)
+                presetsArray_.push_back(edit.preset);
+        } else if (edit.kind == Edit::Kind::Removed) {
             presetsArray_.erase(at);
+        } else {
+            *at = edit.preset;
+        }
     }
 }
 
@@ -204,13 +156,32 @@ void MetronomeProxy::changed() {
 }
 
 void MetronomeProxy::saveCurrentState(const Dictionary& preset) {
+    insertPresetAtIndex(static_cast<int>(presetsArray_.size()), preset);
+}
+
+void MetronomeProxy::insertPresetAtIndex(int index, const Dictionary& preset) {
     if (!isPreset(Value(preset))) {
         log("a preset needs a name; not added");
         return;
     }
-    presetsArray_.emplace_back(preset);
-    edits_.emplace_back(true, presetsArray_.back());
+    const std::size_t at = index >= 1 && static_cast<std::size_t>(index) <= presetsArray_.size()
+                               ? static_cast<std::size_t>(index)
+                               : presetsArray_.size();
+    // An appended preset stays last should the file have grown meanwhile.
+    const std::size_t where = at == presetsArray_.size() ? 0 : at;
+    presetsArray_.emplace(presetsArray_.begin() + static_cast<std::ptrdiff_t>(at), preset);
+    edits_.push_back({Edit::Kind::Added, presetsArray_[at], {}, where});
     changed();
+}
+
+bool MetronomeProxy::replacePresetAtIndex(int index, const Dictionary& preset) {
+    if (!isPresetIndex(index) || !isPreset(Value(preset)))
+        return false;
+    Value& slot = presetsArray_[static_cast<std::size_t>(index)];
+    edits_.push_back({Edit::Kind::Replaced, Value(preset), slot, 0});
+    slot = Value(preset);
+    changed();
+    return true;
 }
 
 void MetronomeProxy::removePresetWithIndex(int index) {
@@ -218,7 +189,7 @@ void MetronomeProxy::removePresetWithIndex(int index) {
         log("no preset " + std::to_string(index) + " to remove");
         return;
     }
-    edits_.emplace_back(false, presetsArray_[static_cast<std::size_t>(index)]);
+    edits_.push_back({Edit::Kind::Removed, presetsArray_[static_cast<std::size_t>(index)], {}, 0});
     presetsArray_.erase(presetsArray_.begin() + index);
     changed();
 }

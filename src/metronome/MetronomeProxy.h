@@ -24,7 +24,6 @@
 
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "framework/Proxy.h"
@@ -58,6 +57,12 @@ public:
     // Removes preset index (1 to n) and writes the file; other indices are
     // ignored.
     void removePresetWithIndex(int index);
+    // Puts a preset back at index (1 to n + 1), as before its removal, and
+    // writes the file. Any other index appends it.
+    void insertPresetAtIndex(int index, const Dictionary& preset);
+    // Replaces preset index (1 to n) with preset and writes the file; false
+    // (and nothing changed) for another index or a preset without a name.
+    bool replacePresetAtIndex(int index, const Dictionary& preset);
 
     // Preset index (1 to n); an empty dictionary for any other index.
     Dictionary presetAtIndex(int index) const;
@@ -84,8 +89,17 @@ private:
     bool blocked_ = false;
     std::string blockedWhy_;
     SaveNotice notice_;
-    // Presets added (true) or removed (false) since the last write.
-    std::vector<std::pair<bool, Value>> edits_;
+    // The changes made since the last write, to be made again to a file
+    // someone else changed: a preset added (put back where it was when
+    // found there), removed, or replaced by another.
+    struct Edit {
+        enum class Kind { Added, Removed, Replaced };
+        Kind kind;
+        Value preset;
+        Value previous;         // Replaced: the preset it took the place of
+        std::size_t index = 0;  // Added: where it was put back; 0 at the end
+    };
+    std::vector<Edit> edits_;
     std::string fileStamp_;  // see file::stampOf
 };
 

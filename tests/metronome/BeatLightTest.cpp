@@ -29,13 +29,16 @@ TEST(RenderedBeats, FramesAndAccentsOfEachBeat) {
 
     std::vector<std::int64_t> frames;
     std::vector<bool> accents;
+    std::vector<int> places;
     while (const auto beat = engine.takeRenderedBeat()) {
         frames.push_back(beat->frame);
         accents.push_back(beat->accented);
+        places.push_back(beat->beatInBar);
     }
     // The run starts on the accented first beat of a bar, at its first frame.
     EXPECT_EQ(frames, (std::vector<std::int64_t>{0, 24000, 48000, 72000, 96000, 120000}));
     EXPECT_EQ(accents, (std::vector<bool>{true, false, false, true, false, false}));
+    EXPECT_EQ(places, (std::vector<int>{1, 2, 3, 1, 2, 3}));
     // Without click samples the output is silent from the end of the block
     // holding that instant (frame 132000, a subdivision after the last beat).
     EXPECT_TRUE(engine.isSilent());

@@ -1,5 +1,7 @@
 // The presets file: its creation, lookups by name and state, changes written
 // through, and damaged or odd content.
+#include <functional>
+
 #include "metronome/MetronomeProxy.h"
 #include "state/PlistCodec.h"
 #include "state/StateTestSupport.h"
@@ -233,4 +235,52 @@ TEST_F(MetronomeProxyTest, PresetsMadeWhileTheFileIsUnreadableJoinItLater) {
                                          preset("New one", "1-4-4-1-1-0-60"),
                                          preset("New two", "1-4-4-1-1-0-61")}));
     EXPECT_EQ(proxy->presetNameForIndex(1), "Old");
+}
+
+// A put back after a delete and a replacement (rename, update) are made again
+// to a file another program changed, never losing a preset of either side.
+TEST_F(MetronomeProxyTest, PutBacksAndReplacementsKeepOtherProgramsPresets) {
+    const Dictionary a = preset("A", "1-4-4-1-1-0-60"), b = preset("B", "1-4-4-1-1-0-61");
+    const Dictionary c = preset("C", "1-4-4-1-1-0-62"), d = preset("D", "1-4-4-1-1-0-63");
+    const Dictionary a2 = preset("A2", "1-4-4-1-1-0-60"), c2 = preset("C", "1-3-4-1-1-0-62");
+    auto one = loaded();
+    for (const auto& p : {a, b, c})
+        one->saveCurrentState(p);
+    auto two = loaded();
+    two->saveCurrentState(d);
+
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        Array file;
+    } steps[] = {
+        {"a delete of the first, on the other's file", [&] { one->removePresetWithIndex(2); },
+         Array{"1.0", a, c, d}},
+        {"put back where it was", [&] { one->insertPresetAtIndex(2, b); },
+         Array{"1.0", a, b, c, d}},
+        {"a rename on a file changed since", [&] { EXPECT_TRUE(two->replacePresetAtIndex(1, a2)); },
+         Array{"1.0", a2, b, c, d}},
+        {"an update of a preset the other removed is kept",
+         [&] {
+             two->removePresetWithIndex(3);
+             EXPECT_TRUE(one->replacePresetAtIndex(3, c2));
+         },
+         Array{"1.0", a2, b, d, c2}},
+        {"a put back past the end, or at 0, appends", [&] { one->insertPresetAtIndex(0, c); },
+         Array{"1.0", a2, b, d, c2, c}},
+    };
+    for (const auto& step : steps) {
+        step.act();
+        EXPECT_EQ(fileContent(), Value(step.file)) << step.what;
+    }
+    EXPECT_EQ(one->presetsArray(), steps[4].file);
+
+    // Nothing to replace, or nothing to replace it with.
+    const Array before = one->presetsArray();
+    EXPECT_FALSE(one->replacePresetAtIndex(0, a));
+    EXPECT_FALSE(one->replacePresetAtIndex(6, a));
+    EXPECT_FALSE(one->replacePresetAtIndex(1, Dictionary{{"BPM", 3}}));
+    one->insertPresetAtIndex(1, Dictionary{{"name", " \t"}});
+    EXPECT_EQ(one->presetsArray(), before);
+    EXPECT_EQ(fileContent(), Value(before));
 }

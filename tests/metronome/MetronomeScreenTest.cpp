@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "RecordingOutput.h"
+#include "metronome/MetronomeProxy.h"
 #include "metronome/ui/Metronome.h"
 #include "metronome/ui/MetronomeDelegate.h"
 #include "metronome/ui/MetronomeMediator.h"
@@ -290,17 +291,125 @@ TEST_F(MetronomeScreenTest, SampleTickOfTheChosenPackOnceLoaded) {
     EXPECT_EQ(delegate.played, (std::vector<std::tuple<int, int, bool>>{{54, 1, false}}));
 }
 
-TEST_F(MetronomeScreenTest, BeatLightCountsTheBeatsHeard) {
+// Each beat shows from the moment it is heard until the next one is.
+TEST_F(MetronomeScreenTest, BeatDisplayShowsTheBeatHeardUntilTheNext) {
     registerScreen(screen);
     screen.startStop();
-    output.heard = {HeardBeat{false}, HeardBeat{true}};
+    output.heard = {HeardBeat{true, 1}, HeardBeat{false, 2}, HeardBeat{false, 3}};
+    const struct {
+        int count;
+        bool accented;
+        int beat;
+    } polls[] = {{1, true, 1}, {2, false, 2}, {3, false, 3}, {3, false, 3}};
+    for (const auto& poll : polls) {
+        screen.pollHeardBeats();
+        EXPECT_EQ(screen.beatCount(), poll.count);
+        EXPECT_EQ(screen.beatAccented(), poll.accented);
+        EXPECT_EQ(screen.currentBeat(), poll.beat);
+    }
+    screen.startStop();
+    EXPECT_EQ(screen.currentBeat(), 0);
+    // A click rendered before the stop and heard after it lights nothing.
+    output.heard = {HeardBeat{false, 1}};
     screen.pollHeardBeats();
-    EXPECT_EQ(screen.beatCount(), 1);
-    EXPECT_FALSE(screen.beatAccented());
-    screen.pollHeardBeats();
-    screen.pollHeardBeats();
-    EXPECT_EQ(screen.beatCount(), 2);
-    EXPECT_TRUE(screen.beatAccented());
+    EXPECT_EQ(screen.currentBeat(), 0);
+}
+
+TEST_F(MetronomeScreenTest, PresetInUseIsNamedUntilASettingChanges) {
+    auto presets = makeProxy<MetronomeProxy>();
+    facade().registerProxy(presets);
+    presets->loadPresetsArray();
+    const MetronomeSetup defaults;
+    MetronomeSetup fast;
+    fast.BPM = 100;
+    const auto named = [](const MetronomeSetup& setup, const char* name) {
+        Dictionary preset = setup.currentSettings();
+        preset["name"] = std::string(name);
+        return preset;
+    };
+    for (const auto& preset :
+         {named(defaults, "First"), named(defaults, "Second"), named(fast, "Fast")})
+        presets->saveCurrentState(preset);
+    registerScreen(screen);
+
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        const char* shown;
+    } steps[] = {
+        {"the first with the settings", [] {}, "First"},
+        {"the one applied among equals",
+         [&] { screen.setSettingsFromDictionary(presets->presetAtIndex(2)); }, "Second"},
+        {"a tempo change", [&] { screen.plus(); }, ""},
+        {"the tempo back", [&] { screen.minus(); }, "Second"},
+        {"a time signature", [&] { screen.chooseNumerator(3); }, ""},
+        {"a preset applied", [&] { screen.setSettingsFromDictionary(named(fast, "Fast")); },
+         "Fast"},
+        {"the accent", [&] { screen.setIsFirstBeatNeed(false); }, ""},
+        {"the accent back", [&] { screen.setIsFirstBeatNeed(true); }, "Fast"},
+        {"renamed elsewhere",
+         [&] {
+             presets->replacePresetAtIndex(3, named(fast, "Faster"));
+             screen.viewWillAppear();
+         },
+         "Faster"},
+        {"deleted elsewhere",
+         [&] {
+             presets->removePresetWithIndex(3);
+             screen.viewWillAppear();
+         },
+         ""},
+    };
+    for (const auto& step : steps) {
+        step.act();
+        EXPECT_EQ(screen.presetName().toStdString(), step.shown) << step.what;
+    }
+}
+
+TEST_F(MetronomeScreenTest, ChoicesStepByKeysAndWheelAmongThoseOffered) {
+    registerScreen(screen);
+    using P = Metronome::Panel;
+    const auto key = [&](int k) { return [&, k] { EXPECT_TRUE(screen.keyPressed(k)); }; };
+    const auto open = [&](P panel) { return [&, panel] { screen.openPanel(panel); }; };
+    const auto wheel = [&](P panel, int notches) {
+        return [&, panel, notches] { screen.stepChoice(panel, notches); };
+    };
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        int numerator, denominator, pattern;
+        P panel;
+    } steps[] = {
+        {"numerator panel", open(P::NumeratorPanel), 2, 4, 1, P::NumeratorPanel},
+        {"right", key(Qt::Key_Right), 3, 4, 1, P::NumeratorPanel},
+        {"down", key(Qt::Key_Down), 4, 4, 1, P::NumeratorPanel},
+        {"page down", key(Qt::Key_PageDown), 12, 4, 1, P::NumeratorPanel},
+        {"page down at the end", key(Qt::Key_PageDown), 16, 4, 1, P::NumeratorPanel},
+        {"up", key(Qt::Key_Up), 15, 4, 1, P::NumeratorPanel},
+        {"page up", key(Qt::Key_PageUp), 7, 4, 1, P::NumeratorPanel},
+        {"page up at the start", key(Qt::Key_PageUp), 1, 4, 1, P::NumeratorPanel},
+        {"left at the start", key(Qt::Key_Left), 1, 4, 1, P::NumeratorPanel},
+        {"return closes", key(Qt::Key_Return), 1, 4, 1, P::NoPanel},
+        {"pattern panel", open(P::PatternPanel), 1, 4, 1, P::PatternPanel},
+        {"page down", key(Qt::Key_PageDown), 1, 4, 4, P::PatternPanel},
+        {"right", key(Qt::Key_Right), 1, 4, 5, P::PatternPanel},
+        {"escape closes", key(Qt::Key_Escape), 1, 4, 5, P::NoPanel},
+        {"wheel on the denominator", wheel(P::DenominatorPanel, 1), 1, 8, 3, P::NoPanel},
+        {"wheel past the end", wheel(P::DenominatorPanel, 3), 1, 8, 3, P::NoPanel},
+        {"wheel on the pattern skips 4 and 5", wheel(P::PatternPanel, 1), 1, 8, 6, P::NoPanel},
+        {"and back", wheel(P::PatternPanel, -1), 1, 8, 3, P::NoPanel},
+        {"wheel on the numerator", wheel(P::NumeratorPanel, 5), 6, 8, 3, P::NoPanel},
+        {"no panel to step", wheel(P::NoPanel, 1), 6, 8, 3, P::NoPanel},
+    };
+    for (const auto& step : steps) {
+        step.act();
+        EXPECT_EQ(screen.numerator(), step.numerator) << step.what;
+        EXPECT_EQ(screen.denominator(), step.denominator) << step.what;
+        EXPECT_EQ(screen.pattern(), step.pattern) << step.what;
+        EXPECT_EQ(screen.panel(), step.panel) << step.what;
+    }
+    // Without a panel the arrows are left to the focused control.
+    EXPECT_FALSE(screen.keyPressed(Qt::Key_Up));
 }
 
 TEST_F(MetronomeScreenTest, TabBarVisibility) {

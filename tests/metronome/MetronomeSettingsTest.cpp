@@ -1,6 +1,9 @@
 // The metronome settings screen with its mediator and the presets file, over
 // a stand-in metronome that records what the screen asks of it.
 #include <QSignalSpy>
+#include <QTest>
+#include <chrono>
+#include <functional>
 
 #include "framework/Facade.h"
 #include "metronome/MetronomeProxy.h"
@@ -328,4 +331,148 @@ TEST_F(MetronomeSettingsTest, DeletingRecomputesTheMark) {
     MetronomeProxy reread;
     reread.loadPresetsArray();
     EXPECT_EQ(reread.presetsArray(), Array{"1.0"});
+}
+
+TEST_F(MetronomeSettingsTest, RenameAnswersTheTitleTyped) {
+    addPreset("Waltz");
+    metronome.setup.BPM = 90;
+    addPreset("Polka");
+    const struct {
+        const char* title;
+        const char* message;  // "" when renamed
+        const char* name;     // preset 1's name afterwards
+    } cases[] = {
+        {"", "Please enter a Preset title.", "Waltz"},
+        {"polka", "You allready have preset with same name.", "Waltz"},
+        {"WALTZ", "", "WALTZ"},  // its own name in other letter case
+        {" Slow waltz ", "", "Slow waltz"},
+    };
+    for (const auto& c : cases) {
+        const std::string before = presets->presetNameForIndex(1);
+        screen.renamePresetRequested(1);
+        EXPECT_EQ(screen.dialogTitle(), "Rename preset");
+        EXPECT_EQ(screen.renamingRow(), 1);
+        EXPECT_EQ(screen.presetTitle().toStdString(), before) << c.title;
+        screen.setPresetTitle(c.title);
+        screen.savePreset(c.title);
+        EXPECT_EQ(screen.message(), c.message) << c.title;
+        if (*c.message) {
+            screen.acknowledgeMessage();
+            screen.cancelAddPreset();
+        }
+        EXPECT_FALSE(screen.addDialogOpen()) << c.title;
+        EXPECT_EQ(presets->presetNameForIndex(1), c.name) << c.title;
+        EXPECT_EQ(shownNames(), names({c.name, "Polka"})) << c.title;
+    }
+    // Only the name changed, and the file has it.
+    EXPECT_EQ(valueFor(presets->presetAtIndex(1), "BPM"), Value(60));
+    MetronomeProxy reread;
+    reread.loadPresetsArray();
+    EXPECT_EQ(reread.presetNameForIndex(1), "Slow waltz");
+    // The dialog adds again afterwards; rows that are no preset rename nothing.
+    screen.addPresetRequested();
+    EXPECT_EQ(screen.dialogTitle(), "Add new preset");
+    screen.cancelAddPreset();
+    for (int row : {0, 3}) {
+        screen.renamePresetRequested(row);
+        EXPECT_FALSE(screen.addDialogOpen()) << row;
+    }
+}
+
+TEST_F(MetronomeSettingsTest, RowsShowTempoAndTimeSignature) {
+    const struct {
+        Dictionary settings;
+        const char* summary;
+    } cases[] = {
+        {Dictionary{}, "80 BPM  2/4"},
+        {Dictionary{{"BPM", 100}, {"timeSig1Value", 3}}, "120 BPM  3/4"},
+        {Dictionary{{"BPM", 220}, {"timeSig1Value", 6}, {"timeSig2Value", 8}}, "240 BPM  6/8"},
+        {Dictionary{{"BPM", 400}, {"timeSig1Value", 17}}, "240 BPM  2/4"},
+    };
+    for (const auto& c : cases) {
+        Dictionary preset = c.settings;
+        preset["name"] = std::string(c.summary);
+        presets->saveCurrentState(preset);
+    }
+    screen.presets()->reload();
+    auto* model = screen.presets();
+    ASSERT_EQ(model->rowCount(), 4);
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_EQ(model->data(model->index(row), PresetListModel::SummaryRole).toString(),
+                  cases[row].summary);
+    }
+}
+
+TEST_F(MetronomeSettingsTest, UpdateTakesTheCurrentSettingsAndUndoGivesThemBack) {
+    addPreset("Groove");
+    Dictionary withExtra = presets->presetAtIndex(1);
+    withExtra["colour"] = "red";  // a key this version does not know
+    ASSERT_TRUE(presets->replacePresetAtIndex(1, withExtra));
+    metronome.setup.BPM = 100;
+    metronome.setup.timeSig1Value = 3;
+    screen.viewWillAppear();
+    ASSERT_EQ(screen.presetNumber(), 0);
+    QSignalSpy changed(screen.presets(), &QAbstractItemModel::dataChanged);
+
+    screen.updatePreset(1);
+    Dictionary expected = metronome.currentSettings();
+    expected["name"] = "Groove";
+    expected["colour"] = "red";
+    EXPECT_EQ(presets->presetAtIndex(1), expected);
+    EXPECT_EQ(screen.presetNumber(), 1);
+    EXPECT_EQ(changed.size(), 1);
+    EXPECT_EQ(screen.undoMessage(), QString::fromUtf8("Updated \u201CGroove\u201D"));
+
+    screen.undo();
+    EXPECT_EQ(presets->presetAtIndex(1), withExtra);
+    EXPECT_EQ(screen.presetNumber(), 0);
+    EXPECT_EQ(screen.undoMessage(), "");
+    MetronomeProxy reread;
+    reread.loadPresetsArray();
+    EXPECT_EQ(reread.presetAtIndex(1), withExtra);
+}
+
+TEST_F(MetronomeSettingsTest, DeleteAsksNothingAndCanBeUndoneForAWhile) {
+    addPreset("A");
+    metronome.setup.BPM = 90;
+    addPreset("B");
+    addPreset("C");
+    screen.viewWillAppear();
+    ASSERT_EQ(screen.presetNumber(), 2);
+    const struct {
+        int row;
+        const char* message;
+        std::function<void()> afterDelete;
+        QStringList shown;  // once Undo is pressed after afterDelete
+        int mark;
+    } steps[] = {
+        {2, "Deleted \u201CB\u201D", [] {}, names({"A", "B", "C"}), 2},
+        {3, "Deleted \u201CC\u201D", [&] { screen.dismissUndo(); }, names({"A", "B"}), 2},
+        {1, "Deleted \u201CA\u201D",
+         [&] {
+             screen.setUndoWindow(std::chrono::milliseconds(20));
+             screen.deletePreset(1);  // a newer delete takes the older one's place
+             EXPECT_TRUE(QTest::qWaitFor([&] { return screen.undoMessage().isEmpty(); }, 2000));
+         },
+         names({}), 0},
+    };
+    for (const auto& step : steps) {
+        screen.deletePreset(step.row);
+        EXPECT_FALSE(screen.addDialogOpen()) << step.message;
+        EXPECT_EQ(screen.undoMessage(), QString::fromUtf8(step.message));
+        step.afterDelete();
+        screen.undo();
+        EXPECT_EQ(shownNames(), step.shown) << step.message;
+        EXPECT_EQ(screen.presetNumber(), step.mark) << step.message;
+        EXPECT_EQ(screen.undoMessage(), "") << step.message;
+        MetronomeProxy reread;
+        reread.loadPresetsArray();
+        EXPECT_EQ(static_cast<int>(reread.presetsArray().size()) - 1, step.shown.size());
+    }
+    // Leaving the screen lets a delete stand.
+    addPreset("D");
+    screen.deletePreset(1);
+    screen.viewWillDisappear();
+    screen.undo();
+    EXPECT_TRUE(shownNames().isEmpty());
 }

@@ -58,12 +58,38 @@ void Metronome::rowUpdated() {
     shownRow_ = core_.getCurrentBPM();
     emit rowChanged();
     emit tempoChanged();
+    presetUpdated();
+}
+
+void Metronome::settingsUpdated() {
+    emit settingsChanged();
+    presetUpdated();
+}
+
+void Metronome::presetUpdated() {
+    const std::string state = core_.currentState();
+    const QString name =
+        delegate_ ? QString::fromStdString(delegate_->presetNameForState(state, appliedPreset_))
+                  : QString();
+    if (name == presetName_)
+        return;
+    presetName_ = name;
+    emit presetNameChanged();
+}
+
+void Metronome::setCurrentBeat(int beat) {
+    if (beat == currentBeat_)
+        return;
+    currentBeat_ = beat;
+    emit currentBeatChanged();
 }
 
 void Metronome::playingUpdated() {
     const bool playing = core_.isPlaying();
     if (playing && !beatTimer_.isActive())
         beatTimer_.start();
+    if (!playing)
+        setCurrentBeat(0);
     if (playing == wasPlaying_)
         return;
     wasPlaying_ = playing;
@@ -75,60 +101,6 @@ void Metronome::setPanel(Panel panel) {
         return;
     panel_ = panel;
     emit panelChanged();
-}
-
-void Metronome::plus() {
-    if (core_.plus())
-        rowUpdated();
-}
-
-void Metronome::minus() {
-    core_.minus();
-    rowUpdated();
-}
-
-void Metronome::selectRow(int row) {
-    // A row the wheel does not have puts the wheel back where it was.
-    core_.selectRow(row);
-    rowUpdated();
-}
-
-void Metronome::showWheelRow(int row) {
-    if (!isWheelRow(row) || row == shownRow_)
-        return;
-    shownRow_ = row;
-    emit tempoChanged();
-}
-
-void Metronome::chooseNumerator(int numerator) {
-    if (!core_.setTimeSig1Value(numerator))
-        return;
-    emit settingsChanged();
-    setPanel(NoPanel);
-}
-
-void Metronome::chooseDenominator(int denominator) {
-    if (!core_.setTimeSig2Value(denominator))
-        return;
-    emit settingsChanged();
-    setPanel(NoPanel);
-}
-
-void Metronome::choosePattern(int pattern) {
-    if (!core_.setNotesPerBeat(pattern))
-        return;
-    emit settingsChanged();
-    setPanel(NoPanel);
-}
-
-void Metronome::openPanel(Panel kind) {
-    if (kind < NoPanel || kind > PatternPanel)
-        return;
-    setPanel(kind == panel_ ? NoPanel : kind);
-}
-
-void Metronome::closePanel() {
-    setPanel(NoPanel);
 }
 
 void Metronome::startStop() {
@@ -155,30 +127,6 @@ void Metronome::stopMetronome() {
     playingUpdated();
 }
 
-bool Metronome::keyPressed(int key) {
-    switch (key) {
-        case Qt::Key_Space:
-            startStop();
-            return true;
-        case Qt::Key_T:
-            tap();
-            return true;
-        case Qt::Key_Plus:
-        case Qt::Key_Equal:
-            plus();
-            return true;
-        case Qt::Key_Minus:
-        case Qt::Key_Underscore:
-            minus();
-            return true;
-        case Qt::Key_Escape:
-            closePanel();
-            return true;
-        default:
-            return false;
-    }
-}
-
 void Metronome::tap() {
     if (core_.tap())
         rowUpdated();
@@ -198,12 +146,14 @@ void Metronome::viewWillAppear() {
     // A pause asked for by another tool is over once the user is back here;
     // the window's life cycle must not resume it later.
     core_.forgetPause();
+    // The presets may have been renamed, updated or deleted meanwhile.
+    presetUpdated();
     if (isSettings_) {
         // Back from the settings screen, where a preset may have changed
         // everything.
         isSettings_ = false;
         rowUpdated();
-        emit settingsChanged();
+        settingsUpdated();
     }
 }
 
@@ -252,23 +202,25 @@ void Metronome::runMetronome() {
 void Metronome::setSavedData(const Dictionary& data) {
     core_.setSavedData(data);
     rowUpdated();
-    emit settingsChanged();
+    settingsUpdated();
 }
 
 void Metronome::setSettingsFromDictionary(const Dictionary& preset) {
+    if (!preset.empty())
+        appliedPreset_ = valueFor(preset, "name").toString();
     core_.setSettingsFromDictionary(preset);
     rowUpdated();
-    emit settingsChanged();
+    settingsUpdated();
 }
 
 void Metronome::setIsFirstBeatNeed(bool need) {
     core_.setIsFirstBeatNeed(need);
-    emit settingsChanged();
+    settingsUpdated();
 }
 
 void Metronome::setCurrentPack(int packNumber) {
     core_.setCurrentPack(packNumber);
-    emit settingsChanged();
+    settingsUpdated();
 }
 
 void Metronome::saveCurrentState() {
@@ -286,6 +238,10 @@ void Metronome::pollHeardBeats() {
         beatAccented_ = beat->accented;
         ++beatCount_;
         emit beatCountChanged();
+        // A click of a run already stopped, still on its way to the speaker,
+        // lights nothing.
+        if (core_.isPlaying())
+            setCurrentBeat(beat->beatInBar);
     }
     // Stopped: keep watching until the last click has been heard.
     if (!core_.isPlaying() && output_.releaseWhenSilent())

@@ -56,6 +56,14 @@ class Metronome : public zt::Screen, public MetronomeControls {
     // latest was the accented first beat of a bar.
     Q_PROPERTY(int beatCount READ beatCount NOTIFY beatCountChanged)
     Q_PROPERTY(bool beatAccented READ beatAccented NOTIFY beatCountChanged)
+    // The beat of the bar sounding now, 1 (the downbeat) to the numerator;
+    // 0 while stopped. It changes when the next beat is heard, so each
+    // beat shows for its whole length on the sound's own clock.
+    Q_PROPERTY(int currentBeat READ currentBeat NOTIFY currentBeatChanged)
+    // The preset whose settings the metronome has ("" for none): the one
+    // last applied while nothing has changed since, else the first with
+    // the same settings.
+    Q_PROPERTY(QString presetName READ presetName NOTIFY presetNameChanged)
 
 public:
     // The choice panel over the tempo display: the numerator's sixteen
@@ -88,6 +96,8 @@ public:
     bool isSettings() const { return isSettings_; }
     int beatCount() const { return beatCount_; }
     bool beatAccented() const { return beatAccented_; }
+    int currentBeat() const { return currentBeat_; }
+    QString presetName() const { return presetName_; }
 
     // Tempo wheel: plus and minus step one row (plus does nothing at the
     // top; minus at the bottom stays there); selectRow is a row chosen on
@@ -106,6 +116,10 @@ public:
     // Opens a panel; opening the one already open closes it.
     Q_INVOKABLE void openPanel(zt::Metronome::Panel kind);
     Q_INVOKABLE void closePanel();
+    // Steps the value of a panel's kind by delta among those offered,
+    // stopping at either end, without opening or closing any panel (keys
+    // on an open panel, the mouse wheel on a value button).
+    Q_INVOKABLE void stepChoice(zt::Metronome::Panel kind, int delta);
 
     Q_INVOKABLE void startStop();
     Q_INVOKABLE void tap();
@@ -116,7 +130,8 @@ public:
     void viewDidDisappear() override;
     void setTabBarIsVisible(bool visible) override;
     // Space starts and stops, T taps, + and - step the tempo, Escape closes
-    // the choice panel.
+    // the choice panel. On an open panel the arrows step its value, Page Up
+    // and Page Down a row of it, and Return closes it.
     bool keyPressed(int key) override;
     // Pause: when playing, stop and remember to resume.
     void endMetronome();
@@ -158,6 +173,8 @@ signals:
     void playingChanged();
     void tabBarIsVisibleChanged();
     void beatCountChanged();
+    void currentBeatChanged();
+    void presetNameChanged();
 
 private:
     bool canSound() const;
@@ -166,6 +183,11 @@ private:
     void rowUpdated();
     // After anything that may have started or stopped the metronome.
     void playingUpdated();
+    // After a setting changed: tell the view and name the preset in use.
+    void settingsUpdated();
+    void presetUpdated();
+    void setCurrentBeat(int beat);
+    bool panelKeyPressed(int key);
 
     MetronomeDelegate* delegate_ = nullptr;
     HeldStopOutput output_;
@@ -179,6 +201,11 @@ private:
     bool tabBarIsVisible_ = false;
     int beatCount_ = 0;
     bool beatAccented_ = false;
+    int currentBeat_ = 0;
+    QString presetName_;
+    // The name of the preset last applied, preferred among presets with the
+    // same settings.
+    std::string appliedPreset_;
 };
 
 }  // namespace zt

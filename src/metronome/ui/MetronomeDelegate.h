@@ -1,6 +1,8 @@
 #pragma once
 // What the metronome screen asks of its mediator.
 
+#include <string>
+
 #include "framework/Value.h"
 
 namespace zt {
@@ -23,6 +25,14 @@ public:
     virtual void saveMetronomeSettings(const Dictionary& settings) = 0;
     // True once the sound bank has loaded: nothing may sound before.
     virtual bool isBuffersLoaded() const = 0;
+    // The name of a preset whose state code is state: preferred when it is
+    // one of them, else the first; "" when none is. Without presets, none.
+    virtual std::string presetNameForState(const std::string& state,
+                                           const std::string& preferred) const {
+        (void)state;
+        (void)preferred;
+        return {};
+    }
 };
 
 }  // namespace zt

@@ -2,6 +2,7 @@
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
+#include "metronome/MetronomeProxy.h"
 #include "sound/MediaProxy.h"
 
 namespace zt {
@@ -32,6 +33,7 @@ void MetronomeMediator::registered() {
     media_ = facade().retrieveProxyAs<MediaProxy>(MediaProxy::NAME);
     if (!media_)
         log("MetronomeMediator: MediaProxy is not registered");
+    presets_ = facade().retrieveProxyAs<MetronomeProxy>(MetronomeProxy::NAME);
     if (screen())
         setMetronomeSavedData();
 }
@@ -63,6 +65,22 @@ void MetronomeMediator::saveMetronomeSettings(const Dictionary& settings) {
 
 bool MetronomeMediator::isBuffersLoaded() const {
     return media_ && media_->isBuffersLoaded();
+}
+
+std::string MetronomeMediator::presetNameForState(const std::string& state,
+                                                  const std::string& preferred) const {
+    if (!presets_)
+        return {};
+    const int first = presets_->presetIndexForState(state);
+    if (first == 0 || preferred.empty())
+        return presets_->presetNameForIndex(first);
+    const int count = static_cast<int>(presets_->presetsArray().size()) - 1;
+    for (int index = first; index <= count; ++index) {
+        if (presets_->presetNameForIndex(index) == preferred &&
+            valueFor(presets_->presetAtIndex(index), "state") == Value(state))
+            return preferred;
+    }
+    return presets_->presetNameForIndex(first);
 }
 
 }  // namespace zt

@@ -13,6 +13,7 @@
 namespace zt {
 
 class MediaProxy;
+class MetronomeProxy;
 
 class MetronomeMediator : public ScreenMediator<Metronome, MetronomeDelegate> {
 public:
@@ -35,13 +36,17 @@ public:
     // "SaveMetronomeState" with the settings.
     void saveMetronomeSettings(const Dictionary& settings) override;
     bool isBuffersLoaded() const override;
+    // From MetronomeProxy's presets.
+    std::string presetNameForState(const std::string& state,
+                                   const std::string& preferred) const override;
 
 protected:
-    // Keeps MediaProxy and restores the screen from the saved state.
+    // Keeps MediaProxy and MetronomeProxy and restores the screen from the saved state.
     void registered() override;
 
 private:
     std::shared_ptr<MediaProxy> media_;
+    std::shared_ptr<MetronomeProxy> presets_;
 };
 
 }  // namespace zt

@@ -7,14 +7,18 @@
 // It acts directly on the metronome it is given; the presets come through
 // its delegate (the mediator). The mark follows the settings, not the last
 // touch: whenever the metronome's state code equals a preset's, that preset
-// is marked. The QML view (MetronomeSettingsView.qml) only draws these
-// properties and forwards touches to the invokables.
+// is marked. A preset can be renamed, updated to the current settings and
+// deleted; a delete or an update can be taken back for a few seconds. The QML view
+// (MetronomeSettingsView.qml) only draws these properties and forwards touches to the invokables.
 
 #include <QtQml/qqmlregistration.h>
 
 #include <QString>
 #include <QStringList>
+#include <QTimer>
+#include <chrono>
 
+#include "framework/Value.h"
 #include "metronome/ui/PresetListModel.h"
 #include "screen/Screen.h"
 
@@ -36,6 +40,9 @@ class MetronomeSettings : public zt::Screen {
     Q_PROPERTY(QString saveText READ saveText CONSTANT)
     Q_PROPERTY(QString okText READ okText CONSTANT)
     Q_PROPERTY(QString deleteText READ deleteText CONSTANT)
+    Q_PROPERTY(QString renameText READ renameText CONSTANT)
+    Q_PROPERTY(QString updateText READ updateText CONSTANT)
+    Q_PROPERTY(QString undoText READ undoText CONSTANT)
     Q_PROPERTY(QStringList packNames READ packNames CONSTANT)
 
     Q_PROPERTY(bool firstBeatEmphasis READ firstBeatEmphasis NOTIFY reloaded)
@@ -52,6 +59,13 @@ class MetronomeSettings : public zt::Screen {
     Q_PROPERTY(QString presetTitle READ presetTitle WRITE setPresetTitle NOTIFY dialogChanged)
     Q_PROPERTY(bool fieldFocused READ fieldFocused NOTIFY dialogChanged)
     Q_PROPERTY(QString message READ message NOTIFY dialogChanged)
+    // The dialog's title: "Add new preset", or the rename title.
+    Q_PROPERTY(QString dialogTitle READ dialogTitle NOTIFY dialogChanged)
+    // The preset being renamed (1 to n), 0 when the dialog adds one.
+    Q_PROPERTY(int renamingRow READ renamingRow NOTIFY dialogChanged)
+
+    // What the last delete or update did ("" when nothing can be taken back).
+    Q_PROPERTY(QString undoMessage READ undoMessage NOTIFY undoChanged)
 
 public:
     explicit MetronomeSettings(MetronomeControls* metronome, QObject* parent = nullptr);
@@ -72,6 +86,9 @@ public:
     QString saveText() const { return QStringLiteral("Save"); }
     QString okText() const { return QStringLiteral("OK"); }
     QString deleteText() const { return QStringLiteral("Delete"); }
+    QString renameText() const { return QStringLiteral("Rename"); }
+    QString updateText() const { return QStringLiteral("Update to current settings"); }
+    QString undoText() const { return QStringLiteral("Undo"); }
     QStringList packNames() const { return arrayPack_; }
 
     bool firstBeatEmphasis() const { return switcherFBValue_; }
@@ -84,6 +101,11 @@ public:
     void setPresetTitle(const QString& title);
     bool fieldFocused() const { return fieldFocused_; }
     QString message() const { return message_; }
+    QString dialogTitle() const;
+    int renamingRow() const { return renamingRow_; }
+    QString undoMessage() const { return undoMessage_; }
+    // How long a delete or an update can be taken back.
+    void setUndoWindow(std::chrono::milliseconds window) { undoTimer_.setInterval(window); }
 
     // Takes the switch, the pack and the mark from the metronome.
     void viewWillAppear() override;
@@ -97,8 +119,19 @@ public:
     Q_INVOKABLE void choosePack(int row);
     // Row 1 to n of the presets section: applies that preset.
     Q_INVOKABLE void choosePreset(int row);
-    // Row 1 to n of the presets section: removes that preset.
+    // Row 1 to n of the presets section: removes that preset, asking
+    // nothing; undo() puts it back.
     Q_INVOKABLE void deletePreset(int row);
+    // Row 1 to n: the preset takes the metronome's current settings and
+    // keeps its name; undo() gives it its former ones.
+    Q_INVOKABLE void updatePreset(int row);
+    // Takes back the last delete or update while its message shows.
+    Q_INVOKABLE void undo();
+    // Lets the last delete or update stand (the message goes).
+    Q_INVOKABLE void dismissUndo();
+    // Row 1 to n: the dialog, its field holding the preset's name; "Save"
+    // renames it under the same rules as a new title.
+    Q_INVOKABLE void renamePresetRequested(int row);
 
     // "Add new preset": an empty field with the keyboard.
     Q_INVOKABLE void addPresetRequested();
@@ -115,6 +148,7 @@ public:
 signals:
     void reloaded();
     void dialogChanged();
+    void undoChanged();
     // Preset row (1 to n) to scroll into view at the bottom.
     void scrollToPreset(int row);
 
@@ -123,6 +157,13 @@ private:
     void updatePresetNumber();
     void reload();
     void closeDialog();
+    // The title the dialog may save, or a message for the user.
+    bool acceptTitle(const std::string& name);
+    void addPreset(const std::string& name);
+    void renamePreset(const std::string& name);
+    // A delete (index to put back at) or an update of preset row, with the
+    // preset as it was.
+    void offerUndo(bool deleted, int row, const Dictionary& previous, const QString& message);
 
     MetronomeSettingsDelegate* delegate_ = nullptr;
     MetronomeControls* metronome_ = nullptr;
@@ -136,6 +177,13 @@ private:
     bool clearFieldAfterMessage_ = false;
     int packNumber_ = 1;
     int presetNumber_ = 0;
+    int renamingRow_ = 0;
+
+    QTimer undoTimer_;
+    QString undoMessage_;
+    bool undoDeleted_ = false;
+    int undoRow_ = 0;
+    Dictionary undoPreset_;
 };
 
 }  // namespace zt

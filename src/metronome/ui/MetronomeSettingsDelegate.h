@@ -22,6 +22,13 @@ public:
     // Appends a preset (settings plus "name") and writes the presets file.
     virtual void saveCurrentState(const Dictionary& preset) = 0;
     virtual void removePresetWithIndex(int index) = 0;
+    // The preset at index (1 to n) with every key it holds; empty otherwise.
+    virtual Dictionary presetAtIndex(int index) const = 0;
+    // Puts a preset back at index (1 to n + 1) and writes the presets file.
+    virtual void insertPresetAtIndex(int index, const Dictionary& preset) = 0;
+    // Replaces preset index and writes the presets file; false when there is
+    // no such preset or the new one has no name.
+    virtual bool replacePresetAtIndex(int index, const Dictionary& preset) = 0;
     // Applies preset index to the metronome (a running one takes it over).
     virtual void setMetronomePresetTo(int index) = 0;
 };

@@ -39,6 +39,19 @@ void MetronomeSettingsMediator::removePresetWithIndex(int index) {
         presets_->removePresetWithIndex(index);
 }
 
+Dictionary MetronomeSettingsMediator::presetAtIndex(int index) const {
+    return presets_ ? presets_->presetAtIndex(index) : Dictionary{};
+}
+
+void MetronomeSettingsMediator::insertPresetAtIndex(int index, const Dictionary& preset) {
+    if (presets_)
+        presets_->insertPresetAtIndex(index, preset);
+}
+
+bool MetronomeSettingsMediator::replacePresetAtIndex(int index, const Dictionary& preset) {
+    return presets_ && presets_->replacePresetAtIndex(index, preset);
+}
+
 void MetronomeSettingsMediator::setMetronomePresetTo(int index) {
     MetronomeControls* metronome = screen() ? screen()->metronome() : nullptr;
     if (!presets_ || !metronome)

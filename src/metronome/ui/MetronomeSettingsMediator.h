@@ -26,6 +26,9 @@ public:
     int presetIndexForState(const std::string& state) const override;
     void saveCurrentState(const Dictionary& preset) override;
     void removePresetWithIndex(int index) override;
+    Dictionary presetAtIndex(int index) const override;
+    void insertPresetAtIndex(int index, const Dictionary& preset) override;
+    bool replacePresetAtIndex(int index, const Dictionary& preset) override;
     // The preset's dictionary to the metronome's setSettingsFromDictionary.
     void setMetronomePresetTo(int index) override;
 

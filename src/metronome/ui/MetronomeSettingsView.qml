@@ -31,6 +31,8 @@ Rectangle {
         anchors.fill: parent
         clip: true
         boundsBehavior: Flickable.StopAtBounds
+        // The last rows can scroll clear of the undo bar.
+        bottomMargin: undoBar.visible ? undoBar.height + 12 : 0
         model: view.screen.presets
         ScrollIndicator.vertical: ScrollIndicator {}
 
@@ -106,6 +108,61 @@ Rectangle {
         function onScrollToPreset(row: int) {
             scrollTimer.row = row
             scrollTimer.restart()
+        }
+    }
+
+    // What a delete or an update did, with the way to take it back, for a
+    // few seconds (the screen says how long).
+    Rectangle {
+        id: undoBar
+
+        objectName: "undoBar"
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 12
+        width: view.columnWidth
+        height: 48
+        radius: Theme.cardRadius
+        visible: view.screen.undoMessage !== ""
+        color: Theme.panelLight
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: view.screen.undoMessage
+        border.color: Theme.separator
+
+        Text {
+            objectName: "undoMessage"
+            anchors.left: parent.left
+            anchors.leftMargin: 16
+            anchors.right: undoButton.left
+            anchors.verticalCenter: parent.verticalCenter
+            text: view.screen.undoMessage
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.text
+            font.pixelSize: 15
+        }
+        Button {
+            id: undoButton
+
+            objectName: "undoButton"
+            anchors.right: parent.right
+            anchors.rightMargin: 6
+            anchors.verticalCenter: parent.verticalCenter
+            height: 40
+            flat: true
+            text: view.screen.undoText
+            onClicked: view.screen.undo()
+            contentItem: Text {
+                text: undoButton.text
+                verticalAlignment: Text.AlignVCenter
+                color: Theme.accent
+                font.pixelSize: 16
+                font.bold: true
+            }
+            background: Rectangle {
+                radius: 8
+                color: undoButton.down ? Theme.separator : "transparent"
+            }
         }
     }
 

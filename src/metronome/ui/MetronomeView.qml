@@ -35,7 +35,7 @@ Rectangle {
         x: view.leftX
         y: 8
         width: view.columnWidth
-        height: view.landscape ? view.height - 24 - view.buttonsHeight : 122
+        height: view.landscape ? view.height - 24 - view.buttonsHeight : 176
     }
 
     TempoWheel {

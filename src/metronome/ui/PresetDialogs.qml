@@ -1,5 +1,6 @@
-// The add-preset dialog (a title field with "Cancel" and "Save"; return in
-// the field saves) and the message that answers an empty or taken title.
+// The preset dialog, adding a preset or renaming one (a title field with
+// "Cancel" and "Save"; Return or Enter saves, Escape cancels) and the message
+// that answers an empty or taken title (Return, Enter or Escape is its "OK").
 // What shows, the field's text and its keyboard all follow the
 // MetronomeSettings object; the buttons are forwarded to it.
 pragma ComponentBehavior: Bound
@@ -55,6 +56,7 @@ Item {
 
         objectName: "addPresetDialog"
         modal: true
+        focus: true
         // A message replaces the dialog until its "OK".
         visible: dialogs.screen.addDialogOpen && dialogs.screen.message === ""
         closePolicy: Popup.CloseOnEscape
@@ -80,7 +82,7 @@ Item {
         header: Text {
             topPadding: 18
             horizontalAlignment: Text.AlignHCenter
-            text: dialogs.screen.addPresetTitle
+            text: dialogs.screen.dialogTitle
             color: Theme.text
             font.pixelSize: 17
             font.bold: true
@@ -102,7 +104,8 @@ Item {
             leftPadding: 10
             rightPadding: 10
             onTextEdited: dialogs.screen.presetTitle = text
-            onAccepted: dialogs.screen.savePreset(text)
+            Keys.onEnterPressed: dialogs.screen.savePreset(text)
+            Keys.onReturnPressed: dialogs.screen.savePreset(text)
             background: Rectangle {
                 radius: 7
                 color: Theme.background
@@ -149,6 +152,7 @@ Item {
 
         objectName: "presetMessageDialog"
         modal: true
+        focus: true
         visible: dialogs.screen.message !== ""
         closePolicy: Popup.CloseOnEscape
         x: (dialogs.width - width) / 2
@@ -168,6 +172,10 @@ Item {
 
         Text {
             objectName: "presetMessage"
+            // Holds the keys while the message shows: Return and Enter are "OK".
+            focus: true
+            Keys.onEnterPressed: dialogs.screen.acknowledgeMessage()
+            Keys.onReturnPressed: dialogs.screen.acknowledgeMessage()
             width: parent.width
             text: dialogs.screen.message
             wrapMode: Text.WordWrap

@@ -1,5 +1,6 @@
 #include "metronome/ui/PresetListModel.h"
 
+#include "metronome/PresetName.h"
 #include "metronome/ui/MetronomeSettingsDelegate.h"
 
 namespace zt {
@@ -33,10 +34,18 @@ void PresetListModel::reload() {
 }
 
 void PresetListModel::beginAppend() {
-    beginInsertRows({}, rows_, rows_);
+    beginInsert(rows_ + 1);
 }
 
 void PresetListModel::endAppend() {
+    endInsert();
+}
+
+void PresetListModel::beginInsert(int index) {
+    beginInsertRows({}, index - 1, index - 1);
+}
+
+void PresetListModel::endInsert() {
     ++rows_;
     endInsertRows();
     emit countChanged();
@@ -57,18 +66,28 @@ void PresetListModel::endRemove() {
         reload();
 }
 
+void PresetListModel::presetChanged(int index) {
+    const QModelIndex changed = this->index(index - 1);
+    if (changed.isValid())
+        emit dataChanged(changed, changed);
+}
+
 int PresetListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
 }
 
 QVariant PresetListModel::data(const QModelIndex& index, int role) const {
-    if (role != NameRole || !delegate_ || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!delegate_ || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return shownName(QString::fromStdString(delegate_->presetNameForIndex(index.row() + 1)));
+    if (role == NameRole)
+        return shownName(QString::fromStdString(delegate_->presetNameForIndex(index.row() + 1)));
+    if (role == SummaryRole)
+        return QString::fromStdString(presetSummary(delegate_->presetAtIndex(index.row() + 1)));
+    return {};
 }
 
 QHash<int, QByteArray> PresetListModel::roleNames() const {
-    return {{NameRole, "name"}};
+    return {{NameRole, "name"}, {SummaryRole, "summary"}};
 }
 
 int PresetListModel::presetsCount() const {

@@ -1,6 +1,7 @@
 #pragma once
 // The custom presets of the metronome settings as a list model: row r is
-// preset r + 1, its role "name" the preset's name. A view asks for the rows
+// preset r + 1, its role "name" the preset's name and "summary" its tempo
+// and time signature. A view asks for the rows
 // it shows, so a list of thousands costs what fits on the screen; adding or
 // removing a preset inserts or removes one row instead of rebuilding the
 // list. The presets themselves stay with the delegate (the mediator).
@@ -20,7 +21,7 @@ class PresetListModel : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    enum Role { NameRole = Qt::UserRole + 1 };
+    enum Role { NameRole = Qt::UserRole + 1, SummaryRole };
 
     explicit PresetListModel(QObject* parent = nullptr) : QAbstractListModel(parent) {}
 
@@ -36,6 +37,11 @@ public:
     // Around the delegate's removal of preset index (1 to n).
     void beginRemove(int index);
     void endRemove();
+    // Around the delegate's putting back of a preset at index (1 to n + 1).
+    void beginInsert(int index);
+    void endInsert();
+    // Preset index (1 to n) was changed in place.
+    void presetChanged(int index);
 
     int count() const { return rows_; }
     int rowCount(const QModelIndex& parent = {}) const override;

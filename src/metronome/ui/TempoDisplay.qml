@@ -3,10 +3,10 @@ import QtQuick
 import QtQuick.Controls.Basic
 import ZebTools
 
-// The tempo display: the beat light and time signature, the three big
-// digits with the tempo's name, and the settings button; the choice panel
-// slides in over it from the right. Taller than its 122 design units (a
-// wide window), the digits grow with it.
+// The tempo display: the beats of the bar (BeatMarks), the three big
+// digits with the tempo's name, the preset in use and the settings button;
+// the choice panel slides in over it from the right. The beats and the
+// digits grow with the display.
 Item {
     id: display
 
@@ -21,49 +21,31 @@ Item {
         border.color: Theme.separator
     }
 
-    Rectangle {
-        id: beatLight
-        objectName: "beatLight"
-        x: 16
-        y: 16
-        width: 14
-        height: 14
-        radius: 7
-        color: display.screen.beatAccented ? Theme.accent : Theme.text
-        opacity: 0.12
-
-        SequentialAnimation {
-            id: flash
-            PropertyAction { target: beatLight; property: "opacity"; value: 1 }
-            NumberAnimation {
-                target: beatLight
-                property: "opacity"
-                to: 0.12
-                duration: 180
-                easing.type: Easing.OutQuad
-            }
-        }
-        Connections {
-            target: display.screen
-            function onBeatCountChanged() { flash.restart() }
-        }
+    BeatMarks {
+        id: beats
+        objectName: "beatDisplay"
+        screen: display.screen
+        x: 12
+        y: 10
+        width: parent.width - x - 48
+        height: Math.round(Math.min(Math.max(30, display.height * 0.2), 84))
     }
 
-    Text {
-        x: 36
-        y: 14
-        text: display.screen.numerator + "/" + display.screen.denominator
-        color: Theme.textDim
-        font.pixelSize: 12
+    // Below the beats, above the preset's name.
+    Item {
+        id: readOutArea
+        y: beats.y + beats.height
+        width: parent.width
+        height: presetLabel.y - y
     }
 
     // The digits, the name and "BPM", laid out for a 300 x 122 display.
     Item {
         id: readOut
-        anchors.centerIn: parent
+        anchors.centerIn: readOutArea
         width: 300
         height: 122
-        scale: Math.max(1, Math.min(display.width / 300, display.height / 122, 1.5))
+        scale: Math.min(readOutArea.width / 300, readOutArea.height / 122, 1.5)
 
         Row {
             objectName: "tempoDigits"
@@ -100,8 +82,23 @@ Item {
             y: 76
             text: "BPM"
             color: Theme.textDim
-            font.pixelSize: 11
+            font.pixelSize: 12
         }
+    }
+
+    Text {
+        id: presetLabel
+        objectName: "presetName"
+        x: 14
+        y: parent.height - height - 6
+        width: parent.width - 28
+        height: display.screen.presetName === "" ? 0 : implicitHeight
+        horizontalAlignment: Text.AlignHCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+        text: display.screen.presetName === "" ? "" : "Preset: " + display.screen.presetName
+        color: Theme.textDim
+        font.pixelSize: Math.round(Math.max(12, Math.min(display.height * 0.05, 18)))
     }
 
     Button {

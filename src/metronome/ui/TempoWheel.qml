@@ -4,6 +4,8 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // The tempo wheel between minus and plus. A taller wheel shows more rows.
+// It also turns by the mouse wheel, the arrow and page keys and a click on
+// a row (StepTumbler); each such step is a row chosen.
 Item {
     id: row
 
@@ -36,16 +38,17 @@ Item {
         border.color: Theme.accent
     }
 
-    Tumbler {
+    StepTumbler {
         id: wheel
         objectName: "tempoWheel"
         anchors.centerIn: parent
         width: 110
         height: parent.height
-        focusPolicy: Qt.NoFocus
         wrap: false
         // Rows about 24 units tall, an odd number so one sits in the middle.
-        visibleItemCount: Math.max(5, 2 * Math.floor(height / 48) + 1)
+        visibleItemCount: Math.max(3, 2 * Math.floor(height / 48) + 1)
+        onChosen: index => row.screen.selectRow(index)
+        Accessible.name: "Tempo"
         model: row.screen.wheelLabels
         currentIndex: row.screen.row
 

@@ -5,6 +5,7 @@ import ZebTools
 
 // The time signature (numerator over denominator, each opening its choice
 // panel), the subdivision pattern and tap tempo, sharing the row equally.
+// The mouse wheel over a value steps it without opening its panel.
 Row {
     id: values
 
@@ -37,10 +38,14 @@ Row {
                     id: half
                     required property int modelData
                     required property int index
+                    objectName: index === 0 ? "numeratorButton" : "denominatorButton"
                     width: parent.width
                     height: parent.height / 2
                     focusPolicy: Qt.NoFocus
                     onClicked: values.screen.openPanel(modelData)
+                    WheelSteps {
+                        onStepped: notches => values.screen.stepChoice(half.modelData, notches)
+                    }
                     contentItem: Text {
                         text: half.index === 0 ? values.screen.numerator
                                                : values.screen.denominator
@@ -74,6 +79,9 @@ Row {
         focusPolicy: Qt.NoFocus
         onClicked: values.screen.openPanel(Metronome.PatternPanel)
         padding: 6
+        WheelSteps {
+            onStepped: notches => values.screen.stepChoice(Metronome.PatternPanel, notches)
+        }
         contentItem: PatternGlyph {
             pattern: values.screen.pattern
             color: values.screen.panel === Metronome.PatternPanel ? Theme.accent : Theme.text
