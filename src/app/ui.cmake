@@ -19,5 +19,5 @@ list(APPEND ZT_QML_FILES
   app/controls/Card.qml app/controls/CardRow.qml app/controls/CheckMark.qml
   app/controls/CircleButton.qml app/controls/NavBarButton.qml app/controls/RowBackground.qml
   app/controls/RoundedBox.qml app/controls/RowSeparator.qml app/controls/RowText.qml
-  app/controls/SectionHeader.qml)
+  app/controls/SectionHeader.qml app/controls/KeyWheel.qml)
 include_directories(${CMAKE_CURRENT_LIST_DIR})
