@@ -6,7 +6,7 @@ import ZebTools
 // The strip of small diagrams of every fingering, between two arrows, and
 // the play button under it. A touch on a diagram shows and plays it; an
 // arrow turns a page. The list is a whole number of diagrams high (they
-// share out the height left over) and pages by whole diagrams, so none is
+// share out the height left over, in whole pixels) and pages by whole diagrams, so none is
 // ever cut in half or covered by an arrow. The arrows' transparency comes
 // from the screen, told at every scroll.
 Item {
@@ -20,7 +20,7 @@ Item {
     // Diagrams on show at once.
     readonly property real listSpace: height - 2 * arrowHeight - playHeight
     readonly property int diagramsShown: Math.max(1, Math.floor(listSpace / diagramMinimum))
-    readonly property real diagramHeight: Math.max(listSpace, diagramMinimum) / diagramsShown
+    readonly property real diagramHeight: Math.floor(Math.max(listSpace, diagramMinimum) / diagramsShown)
 
     function tellScroll() {
         strip.screen.setStateForArrowButtons(list.contentY - list.originY, list.contentHeight,

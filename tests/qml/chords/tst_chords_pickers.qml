@@ -48,6 +48,19 @@ Item {
         function rowHeight(wheel) {
             return wheel.availableHeight / wheel.visibleItemCount
         }
+        // The row under a point `dy` below the wheel's middle.
+        function rowAt(wheel, dy) {
+            let item = wheel.contentItem
+            while (item && item.index === undefined) {
+                const at = item.mapFromItem(wheel, wheel.width / 2, wheel.height / 2 + dy)
+                item = item.childAt(at.x, at.y)
+            }
+            return item ? item.index : -1
+        }
+        // Until the wheel has come to rest on its current row.
+        function settle(wheel) {
+            tryVerify(() => !wheel.moving && rowAt(wheel, 0) === wheel.currentIndex, 2000)
+        }
         // The wheels open, C major chosen, keys back with the screen.
         function init() {
             tryVerify(() => !App.tools.loading, 10000, "the sound bank loads")
@@ -58,7 +71,8 @@ Item {
             chords.selectRow(0, 0)
             chords.selectRow(0, 1)
             root.forceActiveFocus()
-            tryVerify(() => !find("rootWheel").moving && !find("typeWheel").moving)
+            settle(find("rootWheel"))
+            settle(find("typeWheel"))
         }
 
         function test_mouseWheelTurnsOneRowANotch() {
@@ -101,7 +115,7 @@ Item {
             const wheel = find("typeWheel")
             mouseClick(wheel, wheel.width / 2, wheel.height / 2 + 2 * rowHeight(wheel))
             compare(chords.pickerComponent1Row, 2)
-            tryVerify(() => !wheel.moving)
+            settle(wheel)
             mouseClick(wheel, wheel.width / 2, wheel.height / 2 - rowHeight(wheel), Qt.LeftButton,
                        Qt.NoModifier, 450)
             compare(chords.pickerComponent1Row, 1)
@@ -159,13 +173,14 @@ Item {
             screen.showNoteIndexPicker()
             const wheel = findChild(view, "noteWheel")
             tryVerify(() => wheel.activeFocus, 1000, "the open wheel takes the keys")
+            tryCompare(findChild(view, "notePickerPanel"), "slideOffset", 0)
             keyClick(Qt.Key_Down)
             compare(screen.noteIndex, 1)
             mouseWheel(wheel, wheel.width / 2, wheel.height / 2, 0, -120)
             compare(screen.noteIndex, 2)
             keyClick(Qt.Key_End)
             compare(screen.noteIndex, 11)
-            tryVerify(() => !wheel.moving)
+            settle(wheel)
             mouseClick(wheel, wheel.width / 2, wheel.height / 2 - 2 * rowHeight(wheel))
             compare(screen.noteIndex, 9)
             keyClick(Qt.Key_Escape)
