@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Controls.Basic
 import ZebTools
 
 // The two wheels: the root on the left, the chord type on the right. A row

@@ -104,7 +104,7 @@ Item {
                 visible: cell.modelData <= 0
                 x: cell.centre - width / 2
                 y: diagram.gridTop - 2 - height
-                width: 8
+                width: 12
                 horizontalAlignment: Text.AlignHCenter
                 text: cell.modelData < 0 ? "\u00D7" : "\u25CB"
                 color: Theme.textDim
