@@ -36,6 +36,7 @@ Item {
 
     Button {
         objectName: "upperArrow"
+        Accessible.name: "Previous fingerings"
         width: strip.width
         height: strip.arrowHeight
         focusPolicy: Qt.NoFocus
@@ -79,6 +80,8 @@ Item {
 
             shape: modelData
             height: strip.diagramHeight
+            Accessible.role: Accessible.Button
+            Accessible.name: "Fingering " + (item.index + 1) + (item.modelData.caption !== "" ? " " + item.modelData.caption : "")
             current: index === strip.screen.currentVariationsIndex
 
             TapHandler {
@@ -97,6 +100,7 @@ Item {
 
     Button {
         objectName: "lowerArrow"
+        Accessible.name: "Next fingerings"
         y: list.y + list.height
         width: strip.width
         height: strip.arrowHeight
