@@ -109,6 +109,11 @@ Item {
             compare(chords.pickerComponent1Row, 1 + types.pageRows)
             keyClick(Qt.Key_Home)
             compare(chords.chordName.indexOf("m"), -1, "Home is major")
+            // The chord picked sounds and dies away first.
+            tryVerify(() => chords.litStrings.some(lit => lit), 2000)
+            tryVerify(() => chords.litStrings.every(lit => !lit), 3000)
+            keyClick(Qt.Key_Space)
+            tryVerify(() => chords.litStrings.some(lit => lit), 2000, "Space plays past a wheel")
         }
 
         function test_aClickOnARowChoosesIt() {
