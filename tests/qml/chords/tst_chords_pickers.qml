@@ -48,18 +48,22 @@ Item {
         function rowHeight(wheel) {
             return wheel.availableHeight / wheel.visibleItemCount
         }
-        // The row under a point `dy` below the wheel's middle.
+        // The row's item under a point `dy` below the wheel's middle.
         function rowAt(wheel, dy) {
             let item = wheel.contentItem
             while (item && item.index === undefined) {
                 const at = item.mapFromItem(wheel, wheel.width / 2, wheel.height / 2 + dy)
                 item = item.childAt(at.x, at.y)
             }
-            return item ? item.index : -1
+            return item
         }
-        // Until the wheel has come to rest on its current row.
+        // Until the wheel has come to rest with its current row in the middle.
         function settle(wheel) {
-            tryVerify(() => !wheel.moving && rowAt(wheel, 0) === wheel.currentIndex, 2000)
+            tryVerify(() => {
+                const row = rowAt(wheel, 0)
+                return !wheel.moving && row && row.index === wheel.currentIndex
+                       && Math.abs(wheel.mapFromItem(row, 0, row.height / 2).y - wheel.height / 2) < 0.5
+            }, 2000)
         }
         // The wheels open, C major chosen, keys back with the screen.
         function init() {
