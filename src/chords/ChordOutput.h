@@ -3,9 +3,22 @@
 // on the sound card; tests and previews record the calls instead. Calls
 // come from one control thread and return at once.
 
+#include <array>
+#include <limits>
+
 #include "chords/StrumSchedule.h"
 
 namespace zt {
+
+// What the listener hears of the strings now, by the output's own clock.
+struct HeardStrings {
+    static constexpr double kNever = std::numeric_limits<double>::infinity();
+    // Seconds since string n's latest note began to be heard ([n - 1]);
+    // kNever when it has not been heard (yet).
+    std::array<double, kStringCount> secondsAgo{kNever, kNever, kNever, kNever, kNever, kNever};
+    // A note asked for is still to be heard.
+    bool waiting = false;
+};
 
 class ChordOutput {
 public:
@@ -23,6 +36,10 @@ public:
     // Lets go of the device once every string has died away and been heard.
     // Call now and then; true once nothing holds the device.
     virtual bool releaseWhenSilent() = 0;
+
+    // Which strings are being heard, and since when; asked now and then by
+    // a screen that shows them.
+    virtual HeardStrings heard() const = 0;
 };
 
 }  // namespace zt

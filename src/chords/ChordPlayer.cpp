@@ -53,6 +53,22 @@ void ChordPlayer::stop() {
         engine_.stop();
 }
 
+HeardStrings ChordPlayer::heard() const {
+    HeardStrings heard;
+    if (!streaming_)
+        return heard;
+    const std::int64_t now = sound_.streamPosition(&engine_);
+    const double rate = engine_.sampleRate();
+    for (int n = 1; n <= kStringCount; ++n) {
+        const std::int64_t start = engine_.startedAt(n);
+        if (start != StrumEngine::kNotStarted && start <= now)
+            heard.secondsAgo[static_cast<std::size_t>(n - 1)] =
+                static_cast<double>(now - start) / rate;
+    }
+    heard.waiting = engine_.hasQueued() || engine_.lastScheduledStart() > now;
+    return heard;
+}
+
 void ChordPlayer::releaseStreamWhenSilent() {
     if (!streaming_ || !engine_.isSilent())
         return;

@@ -46,6 +46,10 @@ public:
         return !streaming_;
     }
 
+    // As of the stream position heard now: a note counts from the frame it
+    // reaches the speaker, not from when it was rendered.
+    HeardStrings heard() const override;
+
     StrumEngine& engine() { return engine_; }
 
 private:

@@ -17,31 +17,54 @@ double stepOf(int index) {
 }  // namespace
 
 StrumEngine::StrumEngine(int sampleRate, const Recordings& recordings)
-    : sampleRate_(std::max(sampleRate, 1)), recordings_(recordings) {}
+    : sampleRate_(std::max(sampleRate, 1)), recordings_(recordings) {
+    forgetStarts();
+}
+
+void StrumEngine::forgetStarts() {
+    for (auto& start : started_)
+        start.store(kNotStarted, std::memory_order_release);
+    lastScheduled_.store(0, std::memory_order_release);
+}
+
+std::int64_t StrumEngine::startedAt(int stringNumber) const {
+    if (stringNumber < 1 || stringNumber > kStringCount)
+        return kNotStarted;
+    return started_[static_cast<std::size_t>(stringNumber - 1)].load(std::memory_order_acquire);
+}
 
 void StrumEngine::reset() {
     while (commands_.pop()) {
     }
+    taken_.store(sent_, std::memory_order_release);
     voices_ = {};
+    forgetStarts();
     silentFrom_.store(0, std::memory_order_release);
     silent_.store(true, std::memory_order_release);
 }
 
 bool StrumEngine::play(const StrumSchedule& schedule) {
-    if (commands_.push({false, schedule}))
+    if (commands_.push({false, schedule})) {
+        ++sent_;
         return true;
+    }
     log("chords: strum queue full, strum dropped");
     return false;
 }
 
 bool StrumEngine::stop() {
-    return commands_.push({true, {}});
+    if (!commands_.push({true, {}}))
+        return false;
+    ++sent_;
+    return true;
 }
 
 void StrumEngine::applyCommands(std::int64_t frame) {
     while (auto command = commands_.pop()) {
+        taken_.fetch_add(1, std::memory_order_acq_rel);
         if (command->stop) {
             voices_ = {};
+            forgetStarts();
             continue;
         }
         const StrumSchedule& s = command->schedule;
@@ -53,6 +76,8 @@ void StrumEngine::applyCommands(std::int64_t frame) {
             v.pending = true;
             v.pendingStart = frame + std::max<std::int64_t>(note.offset, 0);
             v.pendingStep = stepOf(note.index);
+            if (v.pendingStart > lastScheduled_.load(std::memory_order_relaxed))
+                lastScheduled_.store(v.pendingStart, std::memory_order_release);
         }
     }
 }
@@ -96,6 +121,8 @@ void StrumEngine::render(float* out, int frames, std::int64_t firstFrame) {
             v.position = 0.0;
             v.step = v.pendingStep;
             v.playing = v.samples.size() >= 2;
+            started_[static_cast<std::size_t>(n)].store(std::max(v.pendingStart, firstFrame),
+                                                        std::memory_order_release);
         }
         mix(v, out, mixed, frames);
         silent = silent && !v.playing && !v.pending;

@@ -67,6 +67,20 @@ public:
     // Frames from the start of a strum until its last note has died away.
     std::int64_t length(const StrumSchedule& schedule) const;
 
+    // Any thread: the stream frame at which string n's (1 to 6) latest note
+    // began, as rendered; kNotStarted when none has since the last reset or
+    // stop. Ahead of what is heard by the device's latency.
+    static constexpr std::int64_t kNotStarted = -1;
+    std::int64_t startedAt(int stringNumber) const;
+    // Any thread: the frame by which every note taken from the queue so far
+    // has begun (later notes of a strum wait until then).
+    std::int64_t lastScheduledStart() const {
+        return lastScheduled_.load(std::memory_order_acquire);
+    }
+    // Control thread: a strum asked for that the render thread has not yet
+    // taken.
+    bool hasQueued() const { return taken_.load(std::memory_order_acquire) < sent_; }
+
 private:
     struct Command {
         bool stop = false;
@@ -84,6 +98,7 @@ private:
     };
 
     void applyCommands(std::int64_t frame);
+    void forgetStarts();
     // Adds the voice's samples for out[from..to) and advances it.
     static void mix(Voice& voice, float* out, int from, int to);
 
@@ -93,6 +108,12 @@ private:
 
     // Render thread state.
     std::array<Voice, kStringCount> voices_{};
+
+    // Control thread: strums pushed; render thread: strums taken.
+    std::uint64_t sent_ = 0;
+    std::atomic<std::uint64_t> taken_{0};
+    std::array<std::atomic<std::int64_t>, kStringCount> started_{};
+    std::atomic<std::int64_t> lastScheduled_{0};
 
     std::atomic<bool> silent_{true};
     std::atomic<std::int64_t> silentFrom_{0};

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ChordTesting.h"
 #include "RecordingChordOutput.h"
 #include "chords/ChordsProxy.h"
 #include "chords/ui/ChordsLibrary.h"
@@ -85,6 +86,14 @@ protected:
     RecordingChordOutput output;
     ChordsLibrary screen{output};
 };
+
+// The frets of the fingering on the neck, from the 6th string: "x 3 2 0 1 0".
+inline std::string shown(const ChordsLibrary& screen) {
+    const VariationSet& set = screen.variations();
+    return set.count == 0
+               ? "none"
+               : fretsOf(set.records[static_cast<std::size_t>(screen.currentVariationsIndex())]);
+}
 
 // Every string from left of the 6th to right of the 1st.
 inline const std::vector<double> kAcrossAll = {5, 30, 45, 80, 115, 150, 180, 215, 250};

@@ -59,7 +59,21 @@ TEST(ChordPlayerLive, AWholeChordSoundsItsStringsSixtyMillisecondsApartLowestFir
         player.playChord(StringNotes{});
         EXPECT_FALSE(player.isStreaming()) << "a chord without strings starts nothing";
         player.playChord(notesOf("Standard", "A", "m", "x 0 2 2 1 0"));
-        std::this_thread::sleep_for(600ms);
+        EXPECT_TRUE(player.heard().waiting);
+        // What is heard, looked at now and then as a screen would: every
+        // string from when it reaches the speaker, on the stream's clock.
+        HeardStrings all;
+        for (int look = 0; look < 120; ++look) {
+            std::this_thread::sleep_for(5ms);
+            const HeardStrings heard = player.heard();
+            EXPECT_EQ(heard.secondsAgo[5], HeardStrings::kNever) << "the muted 6th string";
+            if (heard.secondsAgo[0] != HeardStrings::kNever &&
+                all.secondsAgo[0] == HeardStrings::kNever)
+                all = heard;
+        }
+        EXPECT_FALSE(player.heard().waiting);
+        for (int n = 1; n < 5; ++n)
+            EXPECT_NEAR(all.secondsAgo[n] - all.secondsAgo[n - 1], 0.06, 1e-9) << n;
         player.releaseStreamWhenSilent();
         EXPECT_FALSE(player.isStreaming());
     }

@@ -117,13 +117,17 @@ TEST(StrumEngine, AStrumStartsWithTheBlockThatTakesItAndKeepsItsSpacingToTheSamp
         StringNotes all;
         all.canPlay.fill(true);
         ASSERT_TRUE(engine.play(wholeChord(all, kRate)));
+        EXPECT_TRUE(engine.hasQueued());
         const std::int64_t start = 5000 * block;  // the stream clock need not start at 0
         const auto found = onsets(engine, start, 8 * kSpacing, block);
         ASSERT_EQ(found.size(), 6u);
         for (int i = 0; i < 6; ++i) {
             EXPECT_EQ(found[i].frame, start + i * kSpacing) << i;
             EXPECT_EQ(found[i].string, 6 - i) << i;
+            EXPECT_EQ(engine.startedAt(6 - i), found[i].frame) << "reported where it is heard";
         }
+        EXPECT_FALSE(engine.hasQueued());
+        EXPECT_EQ(engine.lastScheduledStart(), start + 5 * kSpacing);
         EXPECT_TRUE(engine.isSilent());
     }
 }
@@ -158,12 +162,16 @@ TEST(StrumEngine, ANewNoteCutsItsStringOnlyAndStopSilencesAll) {
     EXPECT_NEAR(out[10], gain * ramp[0] + gain * ramp[266], 1e-6);
     EXPECT_NEAR(out[20], gain * ramp[10] + gain * ramp[276], 1e-6);
     EXPECT_FALSE(engine.isSilent());
+    EXPECT_EQ(engine.startedAt(1), 266);
+    EXPECT_EQ(engine.startedAt(2), 0);
+    EXPECT_EQ(engine.startedAt(3), StrumEngine::kNotStarted);
 
     engine.stop();
     engine.render(out.data(), 256, 512);
     EXPECT_EQ(testing::peak(out), 0.0);
     EXPECT_TRUE(engine.isSilent());
     EXPECT_EQ(engine.silentFrom(), 768);
+    EXPECT_EQ(engine.startedAt(1), StrumEngine::kNotStarted) << "stopped, nothing is sounding";
 }
 
 TEST(StrumEngine, NotesSoundTheirIndexAboveTheRecording) {

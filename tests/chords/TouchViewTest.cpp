@@ -135,14 +135,34 @@ INSTANTIATE_TEST_SUITE_P(Scroll, Arrows,
                                                      1.0}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(StripArrows, APageKeepsOneDiagramInViewAndStaysWithinTheStrip) {
-    // 20 diagrams of 76 in a strip showing 296.
-    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(1, 0, 1520, 296, 76), 220);
-    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(1, 1100, 1520, 296, 76), 1224);
-    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(-1, 300, 1520, 296, 76), 80);
-    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(-1, 100, 1520, 296, 76), 0);
-    EXPECT_DOUBLE_EQ(StripArrows::pageTarget(1, 0, 200, 296, 76), 0) << "nothing to scroll";
+struct PageCase {
+    const char* name;
+    int direction;
+    double y, contentHeight, viewHeight, item;
+    double target;
+};
+
+class Pages : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(Pages, TurnByWholeDiagramsWithinTheStrip) {
+    const auto& c = GetParam();
+    EXPECT_DOUBLE_EQ(
+        StripArrows::pageTarget(c.direction, c.y, c.contentHeight, c.viewHeight, c.item), c.target);
 }
+
+// 20 diagrams of 85 in a strip showing three.
+INSTANTIATE_TEST_SUITE_P(
+    Strip, Pages,
+    ::testing::Values(PageCase{"FirstPageDown", 1, 0, 1700, 255, 85, 255},
+                      PageCase{"NextPageDown", 1, 255, 1700, 255, 85, 510},
+                      PageCase{"LastPageEndsOnTheLastDiagram", 1, 1360, 1700, 255, 85, 1445},
+                      PageCase{"UpFromTheEnd", -1, 1445, 1700, 255, 85, 1190},
+                      PageCase{"FromADragThatStoppedMidway", 1, 120, 1700, 255, 85, 340},
+                      PageCase{"UpPastTheTop", -1, 100, 1700, 255, 85, 0},
+                      PageCase{"AViewAHairShortStillHoldsThree", 1, 0, 1700, 254.9999999, 85, 255},
+                      PageCase{"NothingToScroll", 1, 0, 170, 255, 85, 0},
+                      PageCase{"ShorterThanADiagram", 1, 0, 1700, 60, 85, 85}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace zt::test

@@ -1,6 +1,7 @@
 #include "chords/ui/ChordChoice.h"
 
 #include <QString>
+#include <cctype>
 
 namespace zt {
 
@@ -57,6 +58,18 @@ int rowOfType(const std::vector<std::string>& types, const std::string& key) {
     for (std::size_t row = 0; row < types.size(); ++row) {
         if (typeKeyOfTitle(types[row]) == key)
             return static_cast<int>(row);
+    }
+    return -1;
+}
+
+int rowForLetter(const std::vector<std::string>& titles, int current, char letter) {
+    const int count = static_cast<int>(titles.size());
+    const auto wanted = std::toupper(static_cast<unsigned char>(letter));
+    for (int step = 1; step <= count; ++step) {
+        const int row = ((current + step) % count + count) % count;
+        const std::string& title = titles[static_cast<std::size_t>(row)];
+        if (!title.empty() && std::toupper(static_cast<unsigned char>(title[0])) == wanted)
+            return row;
     }
     return -1;
 }

@@ -42,5 +42,9 @@ std::optional<ChordChoice> choiceAt(const std::vector<std::string>& roots,
 // of the type wheel whose title gives this key; -1 when none does.
 int rowOfRoot(const std::vector<std::string>& roots, const std::string& root);
 int rowOfType(const std::vector<std::string>& types, const std::string& key);
+// The row a typed letter jumps to: the next row after `current` whose title
+// begins with the letter (either case), going round, so that typing C again
+// steps from "C" to "C♯ (D♭)" and back; -1 when no title begins with it.
+int rowForLetter(const std::vector<std::string>& titles, int current, char letter);
 
 }  // namespace zt

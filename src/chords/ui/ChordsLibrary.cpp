@@ -49,6 +49,8 @@ ChordsLibrary::ChordsLibrary(ChordOutput& output, QObject* parent)
         if (output_.releaseWhenSilent())
             releaseTimer_.stop();
     });
+    lightTimer_.setInterval(kLightRefreshMs);
+    connect(&lightTimer_, &QTimer::timeout, this, &ChordsLibrary::updateLights);
     paint();
 }
 
@@ -145,6 +147,7 @@ void ChordsLibrary::touchMoved(qreal x, int touchCount) {
         return;
     output_.playString(notes_, string);
     startReleaseTimer();
+    followSound();
 }
 
 void ChordsLibrary::setStateForArrowButtons(qreal y, qreal contentHeight, qreal viewHeight) {
@@ -177,6 +180,7 @@ void ChordsLibrary::playCurrentChord(double delaySeconds) {
     }
     output_.playChord(notes_, delaySeconds);
     startReleaseTimer();
+    followSound();
 }
 
 void ChordsLibrary::startReleaseTimer() {

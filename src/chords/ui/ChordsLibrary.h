@@ -5,7 +5,10 @@
 // strings), a strip of small diagrams of every fingering with an arrow at
 // each end, and six strings that a finger dragged across plays one by one.
 // A chord plays as a whole (lowest string first, 60 ms apart) when it is
-// picked and when a diagram of the strip is touched. The behaviour lives
+// picked, when a diagram of the strip is touched, and on the play button or
+// Space or Enter; a letter key turns the root wheel to the next root with
+// that letter. Each string lights for a moment from when its note is heard,
+// by the output's clock, however it was played. The behaviour lives
 // here; ChordsLibraryView.qml draws these properties and forwards touches.
 //
 // Nothing sounds before the sound bank has loaded (the delegate says when).
@@ -16,6 +19,7 @@
 #include <QStringList>
 #include <QTimer>
 #include <QVariantList>
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,8 +68,17 @@ class ChordsLibrary : public zt::Screen {
     Q_PROPERTY(bool flag READ flag WRITE setShowNotes NOTIFY flagChanged)
     Q_PROPERTY(QString notesTitle READ notesTitle CONSTANT)
     Q_PROPERTY(QString fingersTitle READ fingersTitle CONSTANT)
+    // By string number ([n - 1]): whether string n is lit, its note having
+    // begun to be heard less than kLightSeconds ago.
+    Q_PROPERTY(QVariantList litStrings READ litStrings NOTIFY litChanged)
 
 public:
+    // How long a string stays lit once heard: for the eye only, sound
+    // timing does not depend on it.
+    static constexpr double kLightSeconds = 0.3;
+    // How often the lights look at what is heard while any is lit or due.
+    static constexpr int kLightRefreshMs = 16;
+
     // Plays through output (the application's plays on the sound card),
     // which must outlive the screen.
     explicit ChordsLibrary(ChordOutput& output, QObject* parent = nullptr);
@@ -95,6 +108,10 @@ public:
     bool flag() const { return state_.notes; }
     QString notesTitle() const { return QStringLiteral(" Notes "); }
     QString fingersTitle() const { return QStringLiteral("Fingers"); }
+    QVariantList litStrings() const;
+    bool isLit(int stringNumber) const;
+    // Whether the lights are still following the sound.
+    bool lightsFollowing() const { return lightTimer_.isActive(); }
 
     // The chord's names and state, for the settings screen and tests.
     const ChordChoice& choice() const { return state_.choice; }
@@ -127,8 +144,14 @@ public:
 
     void setShowNotes(bool notes);
 
-    // Plays the fingering shown, whole, after delaySeconds.
-    void playCurrentChord(double delaySeconds = 0.0);
+    // Plays the fingering shown, whole, after delaySeconds (the play button).
+    Q_INVOKABLE void playCurrentChord(double delaySeconds = 0.0);
+    // Space, Enter and Return play the chord; the letters A to G turn the
+    // root wheel (see rowForLetter).
+    bool keyPressed(int key) override;
+    // Lights the strings heard now and puts out the others; run by a timer
+    // while anything is lit or still to be heard.
+    void updateLights();
 
     void viewWillAppear() override;
     void viewDidDisappear() override;
@@ -150,6 +173,7 @@ signals:
     void arrowsChanged();
     void flagChanged();
     void lockedChanged();
+    void litChanged();
 
 private:
     bool canSound() const;
@@ -159,6 +183,8 @@ private:
     void paint();
     void updateTuningName();
     void startReleaseTimer();
+    // Something was asked of the output: the lights follow it.
+    void followSound();
 
     ChordsLibraryDelegate* delegate_ = nullptr;
     ChordOutput& output_;
@@ -175,6 +201,8 @@ private:
     bool pickerVisible_ = false;
     // Lets the output release the sound card once the strings are silent.
     QTimer releaseTimer_;
+    std::array<bool, kStringCount> lit_{};
+    QTimer lightTimer_;
 };
 
 }  // namespace zt

@@ -5,9 +5,10 @@ import ZebTools
 // The neck, upright: the 6th string on the left, the nut at the top. Above
 // the nut a row tells each string's fate (x muted, o open, or the open
 // string's note in note mode); on the frets, a dot per finger with its
-// number or note, barres as bars. The neck scrolls to the fingering's frets
-// and numbers the first fret shown. Touches on it strum the strings: they
-// are forwarded to the screen in this item's units (TouchView).
+// number or note, barres as bars. A string lights while it is heard. The
+// neck scrolls to the fingering's frets and numbers the first fret shown.
+// Touches on it strum the strings: they are forwarded to the screen in this
+// item's units (TouchView).
 Item {
     id: neck
 
@@ -101,15 +102,35 @@ Item {
                 color: "#3A3228"
             }
         }
+        // The strings; one lights while its note is heard (the screen says
+        // when, from the sound itself).
         Repeater {
             model: 6
 
-            Rectangle {
+            Item {
+                id: string
+
                 required property int index
-                x: neck.stringXs[index] - width / 2
-                width: 3 - index * 0.35
+                readonly property bool lit: neck.screen.litStrings[5 - index] === true
+
+                objectName: "string" + (6 - index)
+                x: neck.stringXs[index]
                 height: board.contentHeight
-                color: "#D8D2C4"
+
+                Rectangle {
+                    x: -width / 2
+                    width: 11
+                    height: parent.height
+                    radius: width / 2
+                    color: Theme.accent
+                    opacity: string.lit ? 0.35 : 0
+                }
+                Rectangle {
+                    x: -width / 2
+                    width: (string.lit ? 4.5 : 3) - string.index * 0.35
+                    height: parent.height
+                    color: string.lit ? Theme.accent : "#D8D2C4"
+                }
             }
         }
         Repeater {

@@ -5,7 +5,9 @@ import ZebTools
 // One fingering in the strip: four frets from `firstFret`, x and o over
 // muted and open strings, a dot per fretted string, barres as bars, the
 // first fret's number when it is not the nut, and "/E" under a shape with
-// another note than the root in the bass.
+// another note than the root in the bass. The drawing is 80 high and sits
+// in the middle of the height given; the fret number and the caption are
+// as large as the screen's body text, so that they read at a glance.
 Item {
     id: diagram
 
@@ -13,11 +15,12 @@ Item {
     required property var shape
     property bool current: false
 
-    readonly property real gridLeft: 14
-    readonly property real gridTop: 15
-    readonly property real spacing: 8
+    readonly property real gridLeft: 20
+    readonly property real gridTop: Math.round((height - 80) / 2) + 18
+    readonly property real spacing: 7.4
     readonly property real fretHeight: 11
     readonly property int firstFret: shape.firstFret
+    readonly property int labelPixelSize: 14
 
     function stringX(number) {
         return gridLeft + (6 - number) * spacing
@@ -26,8 +29,8 @@ Item {
         return gridTop + (fret - firstFret + 0.5) * fretHeight
     }
 
-    implicitWidth: 63
-    implicitHeight: 76
+    implicitWidth: 62
+    implicitHeight: 84
 
     Rectangle {
         anchors.fill: parent
@@ -38,14 +41,16 @@ Item {
     }
 
     Text {
+        objectName: "firstFretNumber"
         visible: diagram.firstFret > 1
         x: 0
         width: diagram.gridLeft - 3
         y: diagram.gridTop + diagram.fretHeight / 2 - height / 2
         horizontalAlignment: Text.AlignRight
         text: diagram.firstFret
-        color: Theme.textDim
-        font.pixelSize: 8
+        color: Theme.text
+        font.pixelSize: diagram.labelPixelSize
+        font.bold: true
     }
 
     Repeater {
@@ -98,12 +103,12 @@ Item {
             Text {
                 visible: cell.modelData <= 0
                 x: cell.centre - width / 2
-                y: 4
-                width: 8
+                y: diagram.gridTop - 2 - height
+                width: 12
                 horizontalAlignment: Text.AlignHCenter
                 text: cell.modelData < 0 ? "\u00D7" : "\u25CB"
                 color: Theme.textDim
-                font.pixelSize: 8
+                font.pixelSize: 11
             }
             Rectangle {
                 visible: cell.modelData > 0
@@ -119,10 +124,10 @@ Item {
 
     Text {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: diagram.gridTop + 4 * diagram.fretHeight + 3
+        y: diagram.gridTop + 4 * diagram.fretHeight + 2
         text: diagram.shape.caption
         color: Theme.accent
-        font.pixelSize: 10
+        font.pixelSize: diagram.labelPixelSize
         font.bold: true
     }
 }

@@ -19,8 +19,11 @@ struct StripArrows {
     // diagrams; viewHeight: the height it shows at once.
     static StripArrows forScroll(double y, double contentHeight, double viewHeight);
 
-    // Where a touch on an arrow scrolls to: a page (less one diagram of
-    // overlap, `item`) up (direction < 0) or down, within the content.
+    // Where a touch on an arrow scrolls to: a page up (direction < 0) or
+    // down, a page being as many whole diagrams (`item` high) as the view
+    // shows, counted from the diagram nearest the top, and never past
+    // either end. A view a whole number of diagrams high thus always starts
+    // and ends on whole diagrams.
     static double pageTarget(int direction, double y, double contentHeight, double viewHeight,
                              double item);
 };

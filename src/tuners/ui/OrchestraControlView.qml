@@ -6,7 +6,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import ZebTools
 
 Rectangle {
@@ -231,30 +230,26 @@ Rectangle {
 
             TapHandler {}
 
-            Tumbler {
+            KeyWheel {
                 id: wheel
 
+                objectName: "noteWheel"
                 anchors.fill: parent
                 anchors.margins: 8
                 model: view.screen.noteNames
                 visibleItemCount: 5
-                currentIndex: view.screen.noteIndex
-                onMovingChanged: {
-                    if (!moving)
-                        view.screen.pickNote(currentIndex)
-                }
-                delegate: Text {
-                    required property string modelData
-                    required property int index
-
-                    text: modelData
-                    horizontalAlignment: Text.AlignHCenter
-                    verticalAlignment: Text.AlignVCenter
-                    color: index === wheel.currentIndex ? Theme.accent : Theme.text
-                    opacity: 1.0 - Math.abs(Tumbler.displacement) / (wheel.visibleItemCount / 2)
-                    font.bold: true
-                    font.pixelSize: 22
-                }
+                selectedRow: view.screen.noteIndex
+                rowPixelSize: 22
+                middlePixelSize: 22
+                rowColor: Theme.text
+                middleColor: Theme.accent
+                Accessible.name: "Note"
+                onChosen: row => view.screen.pickNote(row)
+                // Open, it takes the keys; Escape, Enter or Return close it.
+                onVisibleChanged: if (visible) forceActiveFocus()
+                Keys.onEscapePressed: view.screen.hideNoteIndexPicker()
+                Keys.onReturnPressed: view.screen.hideNoteIndexPicker()
+                Keys.onEnterPressed: view.screen.hideNoteIndexPicker()
             }
         }
     }
