@@ -31,10 +31,9 @@ public:
     // Defines the seven one-source groups and starts loading the bank; a
     // timer on the main loop polls the progress (see loadState).
     void loadSoundBuffers();
-    // A poll is one look under a lock, and the loading cover waits for the
-    // poll that sees the bank loaded: a short interval lets the cover lift
-    // as soon as the window is ready, which is about when the bank is.
-    static constexpr std::chrono::milliseconds kLoadPollInterval{20};
+    // The loading cover waits for the poll that sees the bank loaded, so
+    // this period, not the 20 ms the loading takes, decides when it lifts.
+    static constexpr std::chrono::milliseconds kLoadPollInterval{200};
     // The polling timer's action.
     void loadState();
     // Frees buffers 1 to 65.
