@@ -70,6 +70,8 @@ Item {
         }
 
         delegate: Text {
+            id: tempoRow
+
             required property string modelData
             required property int index
             readonly property real distance: Math.abs(Tumbler.displacement)
@@ -80,6 +82,13 @@ Item {
             font.pixelSize: distance < 0.5 ? 20 : 16
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
+
+            TapHandler {
+                onTapped: {
+                    wheel.forceActiveFocus(Qt.MouseFocusReason)
+                    wheel.stepBy(tempoRow.index - wheel.currentIndex)
+                }
+            }
         }
     }
 

@@ -4,10 +4,12 @@ import ZebTools
 
 // A Tumbler for a pointer and a keyboard as well as a finger: a mouse-wheel
 // notch or an arrow key moves one row, Page Up and Page Down a page (the rows
-// in view), Home and End go to the ends, and a click on a row chooses it.
-// Each such choice moves the wheel and emits chosen(index); dragging stays
-// the Tumbler's own. With the keyboard's focus it is framed in the accent
-// colour.
+// in view), Home and End go to the ends. A click on a row is the delegate's
+// to take, with a TapHandler calling stepBy: the wheel's view filters its
+// rows' presses and still drags, whereas a handler over the rows or on the
+// Tumbler would either stop the drag or never see the press. Each step
+// moves the wheel and emits chosen(index); dragging stays the Tumbler's own.
+// With the keyboard's focus it is framed in the accent colour.
 Tumbler {
     id: tumbler
 
@@ -47,25 +49,13 @@ Tumbler {
         tumbler.stepBy(rows)
     }
 
-    // Over the rows, which would otherwise take the wheel and the press
-    // first. A click (not a drag) chooses the row by its distance from the
-    // middle one; the press still reaches the rows for dragging.
+    // Over the rows, which would otherwise take the wheel first.
     Item {
         anchors.fill: parent
         z: 3
 
         WheelSteps {
             onStepped: notches => tumbler.stepBy(-notches)
-        }
-
-        TapHandler {
-            onTapped: eventPoint => {
-                tumbler.forceActiveFocus(Qt.MouseFocusReason)
-                const rowHeight = tumbler.availableHeight / tumbler.visibleItemCount
-                const fromMiddle = eventPoint.position.y - tumbler.topPadding
-                                   - tumbler.availableHeight / 2
-                tumbler.stepBy(Math.round(fromMiddle / rowHeight))
-            }
         }
     }
 

@@ -78,6 +78,35 @@ Item {
             root.forceActiveFocus()
         }
 
+        // A finger's slow drag of the wheel by `rows` (positive: toward later
+        // rows), held before lifting so that it does not fling on. The wheel
+        // follows the finger only once it has gone the drag distance.
+        function drag(wheel, rows) {
+            const distance = rows * wheel.height / wheel.visibleItemCount
+                             + Qt.styleHints.startDragDistance
+            const x = wheel.width / 2
+            const y = wheel.height / 2
+            mousePress(wheel, x, y)
+            for (let i = 1; i <= 12 * rows; ++i)
+                mouseMove(wheel, x, y - distance * i / (12 * rows), 25, Qt.LeftButton)
+            wait(250)
+            mouseRelease(wheel, x, y - distance)
+            tryVerify(() => !wheel.moving, 3000, "the wheel settles")
+        }
+
+        // The keys, the mouse wheel and the clicks must leave a finger's drag
+        // to the wheel's rows.
+        function test_1b_tempoWheelDrags() {
+            const wheel = find("tempoWheel")
+            metronome.selectRow(100)
+            tryCompare(wheel, "currentIndex", 100)
+            drag(wheel, 2)
+            // The rows here are a few pixels high: the drag's direction and
+            // rough length are what a finger can be held to.
+            verify(metronome.row > 100 && metronome.row <= 103, "dragged to " + metronome.row)
+            metronome.selectRow(60)
+        }
+
         function test_2_valueButtonsAndPanels() {
             metronome.chooseNumerator(4)
             metronome.chooseDenominator(4)
