@@ -5,7 +5,8 @@ import ZebTools
 
 // The "Microphone Required" alert: modal, centred in the window whatever
 // the size of the view that puts it up, with the message and one button.
-// It stays up until the button is touched; `dismissed` tells the screen.
+// It stays up until the button is touched, or Return, Enter or Escape is
+// pressed (it holds the keyboard while up); `dismissed` tells the screen.
 Dialog {
     id: alert
 
@@ -22,6 +23,7 @@ Dialog {
     padding: 16
     modal: true
     closePolicy: Popup.NoAutoClose
+    focus: true
     visible: alert.shown
     background: Rectangle {
         color: Theme.panel
@@ -41,6 +43,14 @@ Dialog {
     }
     contentItem: Text {
         objectName: "alertMessage"
+        focus: true
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+                    || event.key === Qt.Key_Escape) {
+                event.accepted = true
+                alert.dismissed()
+            }
+        }
         text: alert.message
         color: Theme.text
         font.pixelSize: 14
