@@ -4,8 +4,9 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import ZebTools
 
-// The window: the four tools behind a tab bar, drawn in a 320 x 480 design
-// space that is scaled to fill any window, with the loading cover on top.
+// The window: the four tools behind a tab bar, drawn in a design space of at
+// least 320 x 480 that is scaled to fill any window, with the loading cover on
+// top.
 ApplicationWindow {
     id: window
     required property Tools tools
@@ -17,7 +18,14 @@ ApplicationWindow {
     title: "ZebTools"
     color: Theme.background
 
-    readonly property real designScale: Math.min(width / 320, height / 480)
+    // A window bigger than the design grows the text and controls at half the
+    // rate it grows, up to one and a half times, and gives the rest to the
+    // design space: a big window shows more rows of a list in comfortably
+    // large type instead of the same rows ever larger. A smaller window
+    // shrinks everything alike.
+    readonly property real fitScale: Math.min(width / 320, height / 480)
+    readonly property real designScale: fitScale <= 1 ? fitScale
+                                                      : Math.min(1 + (fitScale - 1) / 2, 1.5)
 
     Item {
         id: design

@@ -23,24 +23,29 @@ TabBar {
             required property var modelData
             objectName: "tab" + index
             height: Theme.tabBarHeight
+            padding: 0
             onClicked: bar.tools.selectTab(index)
             contentItem: Column {
-                spacing: 1
-                topPadding: 4
+                spacing: 0
+                topPadding: 3
                 Text {
                     anchors.horizontalCenter: parent.horizontalCenter
                     text: button.modelData.glyph
-                    font.pixelSize: 20
+                    font.pixelSize: 17
+                    lineHeight: 0.9
                     color: bar.tools.currentTab === button.index ? Theme.accent : Theme.textDim
                 }
-                // The whole title, made smaller where the tab is narrow.
+                // The whole title in body-sized type, on two lines where
+                // the tab is too narrow for one.
                 Text {
                     width: button.width - 4
                     horizontalAlignment: Text.AlignHCenter
                     text: button.modelData.title
-                    font.pixelSize: 10
-                    fontSizeMode: Text.HorizontalFit
-                    minimumPixelSize: 7
+                    font.pixelSize: 11
+                    lineHeight: 0.9
+                    wrapMode: Text.WordWrap
+                    maximumLineCount: 2
+                    elide: Text.ElideRight
                     color: bar.tools.currentTab === button.index ? Theme.accent : Theme.textDim
                 }
             }

@@ -116,7 +116,7 @@ Item {
         y: string.height - height
         text: "\u21BB loop"
         color: Theme.accent
-        font.pixelSize: Math.max(10, Math.round(string.disc * 0.28))
+        font.pixelSize: Math.max(11, Math.round(string.disc * 0.28))
         font.bold: true
         opacity: string.light === TunerBrain.Held ? 1 : 0
     }
