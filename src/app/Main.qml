@@ -103,6 +103,20 @@ ApplicationWindow {
         }
     }
 
+    // The keys come back to the screen on show when what had them goes away
+    // (a control on a page that was closed), so that Escape, Space and the
+    // digits never fall into nothing.
+    onActiveFocusItemChanged: {
+        if (activeFocusItem === null || activeFocusItem === contentItem)
+            refocus.start()
+    }
+    // Once the change is over, not inside it.
+    Timer {
+        id: refocus
+        interval: 0
+        onTriggered: design.forceActiveFocus()
+    }
+
     DesktopShortcuts {
         tools: window.tools
     }

@@ -57,7 +57,7 @@ Page {
             width: 40
             height: 40
             padding: 9
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             Accessible.name: "Settings"
             onClicked: page.screen.openSettings()
             contentItem: MetronomeGlyph {
@@ -65,6 +65,8 @@ Page {
                 color: settingsButton.down ? Theme.textDim : Theme.accent
             }
             background: Item {}
+
+            FocusRing {}
         }
     }
 

@@ -24,6 +24,11 @@ TabBar {
             objectName: "tab" + index
             height: Theme.tabBarHeight
             padding: 0
+            // The title names the tab for a screen reader. The keyboard
+            // chooses a tab with Ctrl+1 to Ctrl+4, so Tab passes the tab bar
+            // by (a tab bar holds Tab in a ring of its own).
+            text: modelData.title
+            focusPolicy: Qt.NoFocus
             onClicked: bar.tools.selectTab(index)
             contentItem: Column {
                 spacing: 0

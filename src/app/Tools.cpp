@@ -93,7 +93,15 @@ bool Tools::keyPressed(int key) {
     if (!tabBarReady_ || loading_ || closed_ || appeared_ != visibleScreen())
         return false;
     Screen* shown = screen(appeared_);
-    return shown && shown->keyPressed(key);
+    if (shown && shown->keyPressed(key))
+        return true;
+    // Escape leaves a screen the screen itself has no use for it on, as its
+    // Back button does; a tab's root has nowhere to go back to.
+    if (key == Qt::Key_Escape && stacks_[currentTab_].size() > 1) {
+        goBack(currentTab_);
+        return true;
+    }
+    return false;
 }
 
 // Each tab's root screen hears whether its tab is the one on show.

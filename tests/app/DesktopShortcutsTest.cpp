@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QQmlApplicationEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QSettings>
 #include <QTimer>
 #include <QtTest/QTest>
+#include <algorithm>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -84,6 +86,65 @@ TEST_F(DesktopShortcutsTest, CtrlDigitChoosesTheToolAsATapOnItsTabDoes) {
         EXPECT_EQ(tools().visibleScreen(), QString::fromUtf8(toolTabs()[tab].root)) << event;
         EXPECT_NE(eventLog().find(event, logged), std::string::npos) << event;
     }
+}
+
+// The keyboard alone: Tab walks the rows of a settings screen, each named
+// for a screen reader and ringed while it has the keys; Space or Enter on
+// one does what a click does; Escape goes back a screen and the keys come
+// back to the screen on show.
+TEST_F(DesktopShortcutsTest, TheKeyboardAloneWalksASettingsScreenAndComesBack) {
+    press(Qt::Key_3);
+    tools().show("tunerBrainSettings");
+    const auto nameOf = [](QObject* item) {
+        for (QObject* child : item->children()) {
+            if (QString(child->metaObject()->className()).contains("AccessibleAttached") &&
+                !child->property("name").toString().isEmpty())
+                return child->property("name").toString();
+        }
+        return item->property("text").toString();
+    };
+    // Tab until the control named `wanted` has the keys.
+    const auto tabTo = [&](const QString& wanted) {
+        for (int presses = 0; presses < 12; ++presses) {
+            QTest::keyClick(window_, Qt::Key_Tab);
+            QQuickItem* item = window_->activeFocusItem();
+            if (!item)
+                return false;
+            const auto children = item->childItems();
+            const bool ringed = std::any_of(children.begin(), children.end(), [](QQuickItem* c) {
+                return QString(c->metaObject()->className()).contains("FocusRing") &&
+                       c->isVisible();
+            });
+            EXPECT_TRUE(ringed) << nameOf(item).toStdString() << " has the keys without a ring";
+            if (nameOf(item) == wanted)
+                return true;
+        }
+        return false;
+    };
+    // The switch row: Space flips it as a click does.
+    auto* settings = tools().screen("tunerBrainSettings");
+    const QString switchTitle = settings->property("switchTitle").toString();
+    const bool wasOn = settings->property("isOn").toBool();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tabTo(switchTitle); }, 3000));
+    QTest::keyClick(window_, Qt::Key_Space);
+    EXPECT_NE(settings->property("isOn").toBool(), wasOn);
+
+    ASSERT_TRUE(tabTo("Tunings"));
+    QTest::keyClick(window_, Qt::Key_Return);
+    EXPECT_EQ(tools().stack(BrainTab).last(), "commonSettings");
+    QTest::keyClick(window_, Qt::Key_Escape);
+    EXPECT_EQ(tools().stack(BrainTab).last(), "tunerBrainSettings");
+    QTest::keyClick(window_, Qt::Key_Escape);
+    EXPECT_EQ(tools().stack(BrainTab).size(), 1);
+    // A root has nowhere to go back to, and the screen has the keys again:
+    // a digit plays its string.
+    QTest::keyClick(window_, Qt::Key_Escape);
+    EXPECT_EQ(tools().stack(BrainTab).size(), 1);
+    tones_.calls.clear();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        QTest::keyClick(window_, Qt::Key_6);
+        return !tones_.calls.empty();
+    }));
 }
 
 // What is set on screen, the chosen tab and the window's place are saved

@@ -16,6 +16,17 @@ ItemDelegate {
 
     width: parent ? parent.width : 0
     height: Theme.rowHeight
+    // The title is also the name a screen reader gives the row.
+    text: title
+    focusPolicy: Qt.TabFocus
+    Keys.onSpacePressed: row.activate()
+    Keys.onReturnPressed: row.activate()
+    Keys.onEnterPressed: row.activate()
+
+    // What a key does to the row that has the keyboard: what a click does.
+    function activate() {
+        clicked()
+    }
     leftPadding: 16
     rightPadding: 14 + Math.max(row.trailing, check.visible ? check.width + 10 : 0)
     background: RowBackground {
@@ -26,6 +37,11 @@ ItemDelegate {
     contentItem: RowText {
         text: row.title
         marked: row.marked
+    }
+
+    FocusRing {
+        anchors.margins: 1
+        radius: 4
     }
 
     CheckMark {

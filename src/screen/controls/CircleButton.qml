@@ -9,7 +9,9 @@ Button {
     property color fill: Theme.panel
     property color ink: Theme.text
 
-    focusPolicy: Qt.NoFocus
+    // Tab reaches it for the keyboard; a click leaves the keys with the
+    // screen, where Space and the digits mean something.
+    focusPolicy: Qt.TabFocus
     contentItem: Text {
         text: round.text
         color: round.ink
@@ -18,6 +20,7 @@ Button {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
     }
+    FocusRing { radius: height / 2 + 2 }
     background: RoundedBox {
         radius: height / 2
         color: round.down ? Theme.panelLight : round.fill

@@ -7,7 +7,9 @@ Button {
     id: button
 
     flat: true
-    focusPolicy: Qt.NoFocus
+    // Tab reaches it for the keyboard; a click leaves the keys with the
+    // screen, where Space and the digits mean something.
+    focusPolicy: Qt.TabFocus
     contentItem: Text {
         text: button.text
         color: button.down ? Theme.textDim : Theme.accent
@@ -15,4 +17,6 @@ Button {
         verticalAlignment: Text.AlignVCenter
     }
     background: Item {}
+
+    FocusRing {}
 }

@@ -10,7 +10,9 @@ Button {
     property bool strong: false
 
     implicitHeight: 40
-    focusPolicy: Qt.NoFocus
+    // Tab reaches it for the keyboard; a click leaves the keys with the
+    // screen, where Space and the digits mean something.
+    focusPolicy: Qt.TabFocus
     contentItem: Text {
         text: pill.text
         color: pill.strong ? Theme.background : Theme.text
@@ -20,6 +22,7 @@ Button {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
     }
+    FocusRing { radius: height / 2 + 2 }
     background: RoundedBox {
         radius: height / 2
         color: pill.strong ? (pill.down ? Qt.darker(Theme.accent, 1.2) : Theme.accent)

@@ -15,7 +15,15 @@ CardRow {
 
     signal flipped
 
+    // From the keyboard the row always flips, as its switch would.
+    function activate() {
+        flipped()
+    }
+
     trailing: toggle.width + 6
+    Accessible.role: Accessible.CheckBox
+    Accessible.checkable: true
+    Accessible.checked: row.isOn
     onClicked: {
         if (row.rowFlips)
             row.flipped()
@@ -28,6 +36,8 @@ CardRow {
         anchors.rightMargin: 10
         anchors.verticalCenter: parent.verticalCenter
         padding: 0
+        // The row takes the keyboard for it.
+        focusPolicy: Qt.NoFocus
         checked: row.isOn
         // The switch flips itself on a click, which would cut it loose from
         // the screen's value: bind it again once the screen has been told.
