@@ -140,7 +140,7 @@ TEST_F(ReadableTextTest, ABigWindowGrowsTheTypeUpToAMaximumAndShowsMoreRows) {
         QQuickItem* page = showScreen(settings);
         const auto texts = drawnTexts(page);
         const auto title = std::find_if(texts.begin(), texts.end(),
-                                         [](const DrawnText& t) { return t.text == "Settings"; });
+                                        [](const DrawnText& t) { return t.text == "Settings"; });
         return title == texts.end() ? 0.0 : title->pixels;
     };
     resize(320, 480);
