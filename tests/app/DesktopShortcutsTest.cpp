@@ -145,6 +145,13 @@ TEST_F(DesktopShortcutsTest, TheKeyboardAloneWalksASettingsScreenAndComesBack) {
         QTest::keyClick(window_, Qt::Key_6);
         return !tones_.calls.empty();
     }));
+    // The by-ear tuner's strings are reached with Tab and played with Space.
+    ASSERT_TRUE(tabTo("String 5, A"));
+    tones_.calls.clear();
+    QTest::keyClick(window_, Qt::Key_Space);
+    // (Looped: the switch above turned the loop on.)
+    ASSERT_FALSE(tones_.calls.empty());
+    EXPECT_EQ(tones_.calls.back(), "play 5 0 loop");
 }
 
 // What is set on screen, the chosen tab and the window's place are saved

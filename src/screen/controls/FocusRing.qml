@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 import ZebTools
 
 // The ring around a control that has the keyboard because the user moved
-// there with Tab (a click does not draw it). Put inside the control.
+// there with Tab (a click does not draw it). Put inside the control; an
+// item that is not a control says itself when it is `shown`.
 Rectangle {
     id: ring
 
@@ -16,6 +17,8 @@ Rectangle {
     color: "transparent"
     border.width: 2
     border.color: Theme.accent
-    visible: control !== null && control.visualFocus
+    property bool shown: control !== null && control.visualFocus
+
+    visible: shown
     z: 10
 }

@@ -24,6 +24,16 @@ Item {
     readonly property int light: string.screen.highlights[number - 1]
     readonly property int fades: string.screen.fadeCounts[number - 1]
     readonly property bool wound: number >= 4
+    readonly property string noteName: string.screen.noteNames[string.number - 1] ?? ""
+
+    // From the keyboard: Tab reaches each string, Space or Enter plays it.
+    activeFocusOnTab: true
+    Keys.onSpacePressed: string.screen.pressed(string.number)
+    Keys.onReturnPressed: string.screen.pressed(string.number)
+    Keys.onEnterPressed: string.screen.pressed(string.number)
+    Accessible.role: Accessible.Button
+    Accessible.name: "String " + number + ", " + noteName
+    Accessible.onPressAction: string.screen.pressed(string.number)
 
     function showLight() {
         if (light === TunerBrain.Fading) {
@@ -102,7 +112,7 @@ Item {
         }
         Text {
             anchors.centerIn: parent
-            text: string.screen.noteNames[string.number - 1] ?? ""
+            text: string.noteName
             color: glow.opacity > 0.5 ? Theme.background : Theme.text
             font.pixelSize: Math.round(string.disc * 0.42)
             font.bold: true
@@ -119,6 +129,11 @@ Item {
         font.pixelSize: Math.max(11, Math.round(string.disc * 0.28))
         font.bold: true
         opacity: string.light === TunerBrain.Held ? 1 : 0
+    }
+
+    FocusRing {
+        shown: string.activeFocus
+        control: null
     }
 
     TapHandler {

@@ -75,13 +75,16 @@ Rectangle {
             width: 44
             height: 44
             padding: 11
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
+            Accessible.name: "Settings"
             onClicked: view.screen.clickSettingsButton()
             contentItem: MetronomeGlyph {
                 shape: "gear"
                 color: settingsButton.down ? Theme.accent : Theme.textDim
             }
             background: Item {}
+
+            FocusRing {}
         }
     }
 
