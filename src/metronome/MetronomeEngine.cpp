@@ -124,22 +124,25 @@ void MetronomeEngine::changeTempo(std::int64_t frame, int bpm) {
     }
 }
 
-void MetronomeEngine::beginBar(std::int64_t frame) {
+void MetronomeEngine::beginBar() {
     ++bar_;
     logic_.setBarMuted(runSetup_.practice.isBarMuted(bar_));
     const int tempo = runSetup_.practice.tempoForBar(bar_, runSetup_.tempo());
     if (tempo == gridTempo_)
         return;
-    // The bar's first beat is the new grid's instant 0; its subdivision
-    // instant 0, on the same frame, has not been played yet (beats go first).
+    // The bar's first beat is the new grid's instant 0, at its exact time, so
+    // that rounding never adds up over the steps; its subdivision instant 0,
+    // on the same frame, has not been played yet (beats go first).
     gridTempo_ = tempo;
     const int bpm = runSetup_.playedBeatsPerMinute(tempo);
-    beatGrid_ = BeatGrid(frame, sampleRate_, bpm, 1);
+    const double exact = beatGrid_.exactTimeOf(beatIndex_);
+    beatGrid_ = BeatGrid::fromExactStart(exact, sampleRate_, bpm, 1);
     beatIndex_ = 0;
     if (hasSubdivision_) {
-        subdivisionGrid_ = BeatGrid(frame, sampleRate_, bpm, logic_.subticksInBeatCount());
+        subdivisionGrid_ =
+            BeatGrid::fromExactStart(exact, sampleRate_, bpm, logic_.subticksInBeatCount());
         subdivisionIndex_ = 0;
-        nextSubdivisionFrame_ = frame;
+        nextSubdivisionFrame_ = subdivisionGrid_.frameOf(0);
     }
 }
 
@@ -177,7 +180,7 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
         const int beatInBar = logic_.beatNumber();
         if (beat) {
             if (beatInBar == 1)
-                beginBar(at);
+                beginBar();
             tick = logic_.mainTick();
             nextBeatFrame_ = beatGrid_.frameOf(++beatIndex_);
         } else {

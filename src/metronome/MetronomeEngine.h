@@ -107,9 +107,9 @@ private:
     // Places the grids so that the next beat lies one period of bpm after
     // lastBeatFrame_, and not before frame.
     void changeTempo(std::int64_t frame, int bpm);
-    // The first beat of a bar is about to sound at frame: counts the bar,
-    // mutes it or not and moves to the trainer's tempo for it.
-    void beginBar(std::int64_t frame);
+    // The first beat of a bar is about to sound: counts the bar, mutes it or
+    // not and moves to the trainer's tempo for it.
+    void beginBar();
 
     int sampleRate_;
     ClickBank bank_;

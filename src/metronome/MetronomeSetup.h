@@ -32,7 +32,9 @@ struct MetronomeSetup {
     // The wheel tempo the run starts at: the trainer's start when it is on.
     int startTempo() const { return practice.tempoForBar(0, tempo()); }
     // Beats per minute the engine plays for a wheel tempo.
-    int playedBeatsPerMinute(int wheelTempo) const { return isTempoX2 ? 2 * wheelTempo : wheelTempo; }
+    int playedBeatsPerMinute(int wheelTempo) const {
+        return isTempoX2 ? 2 * wheelTempo : wheelTempo;
+    }
 
     // What beat (1 to 16) of the bar plays. Setting beat 1 also sets the
     // accent switch (on exactly for Accented); the switch on un-silences beat 1.
