@@ -147,6 +147,17 @@ std::string PracticeSetup::stateSuffix(bool firstBeatAccent) const {
     return "-" + beatsText(kMaxBeats, firstBeatAccent) + text;
 }
 
+std::string PracticeSetup::trainerStatus(int tempo, int barsToStep) const {
+    std::string text = std::to_string(tempo) + " BPM, ";
+    if (barsToStep <= 0)
+        return text + "holding";
+    const int direction = trainerEnd >= tempo ? 1 : -1;
+    const int next = direction > 0 ? std::min(tempo + trainerStep, trainerEnd)
+                                   : std::max(tempo - trainerStep, trainerEnd);
+    return text + std::to_string(barsToStep) + (barsToStep == 1 ? " bar" : " bars") + " to " +
+           std::to_string(next);
+}
+
 PracticeSetup PracticeSetup::normalized() const {
     PracticeSetup p = *this;
     const auto clamp = [](int value, const state::IntKey& key) {

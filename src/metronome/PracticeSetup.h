@@ -107,6 +107,10 @@ struct PracticeSetup {
 
     // Every number forced into its range.
     PracticeSetup normalized() const;
+
+    // The trainer's read-out while it plays a tempo with barsToStep bars
+    // before its next step: "65 BPM, 3 bars to 70", or "120 BPM, holding".
+    std::string trainerStatus(int tempo, int barsToStep) const;
 };
 
 }  // namespace zt
