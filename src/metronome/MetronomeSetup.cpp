@@ -117,8 +117,8 @@ void MetronomeSetup::setSavedData(const Dictionary& data) {
     }
 }
 
-Dictionary MetronomeSetup::savedData() const {
-    Dictionary data{
+Dictionary MetronomeSetup::plainData() const {
+    return {
         {keys::kPackNumber.name, packNumber},
         {keys::kTimeSig1Value.name, timeSig1Value},
         {keys::kTimeSig2Value.name, timeSig2Value},
@@ -127,12 +127,17 @@ Dictionary MetronomeSetup::savedData() const {
         {keys::kIsTempoX2.name, isTempoX2},
         {keys::kBPM.name, BPM},
     };
-    practice.addSavedData(data, isFirstBeatNeed);
+}
+
+Dictionary MetronomeSetup::savedData() const {
+    Dictionary data = plainData();
+    practice.addSavedData(data, isFirstBeatNeed, false);
     return data;
 }
 
 Dictionary MetronomeSetup::currentSettings() const {
-    Dictionary settings = savedData();
+    Dictionary settings = plainData();
+    practice.addSavedData(settings, isFirstBeatNeed, true);
     settings["state"] = currentState();
     return settings;
 }

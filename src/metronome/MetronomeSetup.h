@@ -63,9 +63,11 @@ struct MetronomeSetup {
     void setSavedData(const Dictionary& data);
     // "packNumber", "timeSig1Value", "timeSig2Value", "notesPerBeat",
     // "isFirstBeatNeed", "isTempoX2" and "BPM" (the wheel row), and the
-    // practice keys once any practice setting left its default.
+    // practice keys. The saved section is merged with what it held, so a
+    // practice setting back at its default must be written too.
     Dictionary savedData() const;
-    // savedData() plus "state" = currentState().
+    // For a preset: the same, the practice keys only once any of them left
+    // its default, plus "state" = currentState().
     Dictionary currentSettings() const;
     // "%d-%d-%d-%d-%d-%d-%d": pack, numerator, denominator, pattern, accent
     // (0 or 1), eighth-note beat (0 or 1) and wheel row; then the practice
@@ -75,6 +77,10 @@ struct MetronomeSetup {
     // The same setup with every field forced into its range; what the engine
     // plays, whatever it is handed.
     MetronomeSetup normalized() const;
+
+private:
+    // The seven keys every saved section and preset has always had.
+    Dictionary plainData() const;
 };
 
 }  // namespace zt

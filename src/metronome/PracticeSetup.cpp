@@ -123,8 +123,8 @@ void PracticeSetup::setSavedData(const Dictionary& data) {
     muteSilentBars = state::read(data, keys::kMuteSilentBars);
 }
 
-void PracticeSetup::addSavedData(Dictionary& data, bool firstBeatAccent) const {
-    if (isDefault())
+void PracticeSetup::addSavedData(Dictionary& data, bool firstBeatAccent, bool onlyWhenUsed) const {
+    if (onlyWhenUsed && isDefault())
         return;
     data[keys::kBeatAccents.name] = beatsText(kMaxBeats, firstBeatAccent);
     data[keys::kTrainerOn.name] = trainerOn;

@@ -99,9 +99,9 @@ struct PracticeSetup {
     // Reads the practice keys of a saved section or preset; a missing key is
     // its default (off), a bad one is too.
     void setSavedData(const Dictionary& data);
-    // Adds the practice keys to data, unless all are at their defaults, so
-    // that a metronome that never used them saves what it always did.
-    void addSavedData(Dictionary& data, bool firstBeatAccent) const;
+    // Adds the practice keys to data; with onlyWhenUsed, not when all are at
+    // their defaults, so that a preset of plain settings is what it always was.
+    void addSavedData(Dictionary& data, bool firstBeatAccent, bool onlyWhenUsed) const;
     // "" at the defaults, else a suffix for the preset state code.
     std::string stateSuffix(bool firstBeatAccent) const;
 

@@ -201,8 +201,11 @@ TEST_F(MetronomeSettingsTest, PracticeValuesStepWithinTheirRangesAndMoveTheMark)
         restarts = metronome.restarts;
     }
     // A step past the end changes nothing and restarts nothing.
-    practice.step(F::TrainerStart, -1);
+    practice.step(F::MutePlayBars, 200);
+    restarts = metronome.restarts;
+    practice.step(F::MutePlayBars, 1);
     EXPECT_EQ(metronome.restarts, restarts);
+    practice.step(F::MutePlayBars, 3 - 99);
 
     practice.toggleTrainer();
     practice.toggleMute();

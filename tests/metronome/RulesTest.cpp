@@ -189,12 +189,14 @@ TEST(SavedData, CurrentSettingsAddTheStateCode) {
     EXPECT_EQ(valueFor(settings, "BPM").toInt(), 100);
     EXPECT_EQ(setup.tempo(), 120);
 
-    // Practice keys are saved once used, and read back.
+    // Presets carry practice keys once they are used.
     setup.setBeatKind(3, BeatKind::Silent);
     EXPECT_EQ(setup.currentSettings().size(), 17u);
-    EXPECT_EQ(valueFor(setup.savedData(), "beatAccents").toString(), "ANSNNNNNNNNNNNNN");
+    EXPECT_EQ(valueFor(setup.currentSettings(), "beatAccents").toString(), "ANSNNNNNNNNNNNNN");
     setup.setBeatKind(3, BeatKind::Normal);
     EXPECT_EQ(setup.currentSettings().size(), 8u);
+    // The saved section is merged, so it always carries them.
+    EXPECT_EQ(valueFor(setup.savedData(), "beatAccents").toString(), "ANNNNNNNNNNNNNNN");
 }
 
 // Beat 1 and the accent switch are one setting seen two ways.
