@@ -21,7 +21,7 @@ Column {
         SwitchRow {
             objectName: "trainerRow"
             switchName: "trainerSwitch"
-            title: card.practice.trainerOn ? "Speed Trainer: " + card.practice.trainerSummary
+            title: card.practice.trainerOn ? "Speed Trainer" + (card.width > 400 ? ": " + card.practice.trainerSummary : "")
                                            : "Speed Trainer"
             first: true
             isOn: card.practice.trainerOn
@@ -43,7 +43,7 @@ Column {
         SwitchRow {
             objectName: "muteRow"
             switchName: "muteSwitch"
-            title: card.practice.muteOn ? "Muted Bars: " + card.practice.muteSummary
+            title: card.practice.muteOn ? "Muted Bars" + (card.width > 400 ? ": " + card.practice.muteSummary : "")
                                         : "Muted Bars"
             last: !card.practice.muteOn
             isOn: card.practice.muteOn
