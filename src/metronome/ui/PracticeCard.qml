@@ -3,7 +3,7 @@ import QtQuick
 import ZebTools
 
 // The "Practice" section of the metronome settings: the speed trainer and
-// muted bars, each an on/off switch with a one-line summary, and its values
+// muted bars, each an on/off switch, and its values
 // (PracticeStepRow) while it is on.
 Column {
     id: card
@@ -21,8 +21,7 @@ Column {
         SwitchRow {
             objectName: "trainerRow"
             switchName: "trainerSwitch"
-            title: card.practice.trainerOn ? "Speed Trainer" + (card.width > 400 ? ": " + card.practice.trainerSummary : "")
-                                           : "Speed Trainer"
+            title: "Speed Trainer"
             first: true
             isOn: card.practice.trainerOn
             onFlipped: card.practice.toggleTrainer()
@@ -43,8 +42,7 @@ Column {
         SwitchRow {
             objectName: "muteRow"
             switchName: "muteSwitch"
-            title: card.practice.muteOn ? "Muted Bars" + (card.width > 400 ? ": " + card.practice.muteSummary : "")
-                                        : "Muted Bars"
+            title: "Muted Bars"
             last: !card.practice.muteOn
             isOn: card.practice.muteOn
             onFlipped: card.practice.toggleMute()
