@@ -34,6 +34,9 @@ private:
     int pattern_;
     int pack_;
     std::string accent_ = "on";
+    std::string beats_;
+    std::string trainer_;
+    std::string mute_;
     std::string out_;
 };
 

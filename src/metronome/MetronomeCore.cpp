@@ -70,8 +70,19 @@ void MetronomeCore::setCurrentPack(int packNumber) {
 }
 
 void MetronomeCore::setIsFirstBeatNeed(bool need) {
-    setup_.isFirstBeatNeed = need;
+    setup_.setIsFirstBeatNeed(need);
     output_.setIsFirstBeatNeed(need);
+}
+
+void MetronomeCore::setBeatKind(int beat, BeatKind kind) {
+    setup_.setBeatKind(beat, kind);
+    restartMetronome();
+}
+
+void MetronomeCore::setPractice(const PracticeSetup& practice) {
+    setup_.practice = practice.normalized();
+    setup_.practice.followFirstBeatAccent(setup_.isFirstBeatNeed);
+    restartMetronome();
 }
 
 void MetronomeCore::startMetronome() {

@@ -55,6 +55,12 @@ public:
     // Sound pack (an unknown one means pack 1) and accent, without restart.
     void setCurrentPack(int packNumber);
     void setIsFirstBeatNeed(bool need);
+    // What a beat of the bar plays (beat 1 is also the accent switch) and
+    // the practice settings as a whole. A running metronome takes over a
+    // beat's kind from its next beat on; a new trainer or muted bars start
+    // a new bar.
+    void setBeatKind(int beat, BeatKind kind);
+    void setPractice(const PracticeSetup& practice);
 
     // Start when stopped: a new bar, its first beat at once.
     void startMetronome();

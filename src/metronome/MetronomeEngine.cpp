@@ -70,16 +70,20 @@ void MetronomeEngine::applyCommands(std::int64_t frame) {
 void MetronomeEngine::applyStart(std::int64_t frame, const MetronomeSetup& setup) {
     const bool sameBar = setup.timeSig1Value == runSetup_.timeSig1Value &&
                          setup.timeSig2Value == runSetup_.timeSig2Value &&
-                         setup.notesPerBeat == runSetup_.notesPerBeat;
+                         setup.notesPerBeat == runSetup_.notesPerBeat &&
+                         setup.practice.sameRunAs(runSetup_.practice);
     if (!logic_.isRunning() || logic_.stopRequested() || !lastBeatFrame_ || !sameBar) {
         beginRun(frame, setup);
         return;
     }
     logic_.setCurrentPack(setup.packNumber);
     logic_.setIsFirstBeatNeed(setup.isFirstBeatNeed);
+    logic_.setBeats(setup.practice.beats);
     const int bpm = setup.beatsPerMinute();
-    if (bpm != runSetup_.beatsPerMinute())
+    if (!setup.practice.trainerOn && bpm != runSetup_.beatsPerMinute()) {
         changeTempo(frame, bpm);
+        gridTempo_ = setup.tempo();
+    }
     runSetup_ = setup;
 }
 
@@ -87,7 +91,9 @@ void MetronomeEngine::beginRun(std::int64_t frame, const MetronomeSetup& setup) 
     logic_.start(setup);
     runSetup_ = setup;
     lastBeatFrame_.reset();
-    const int bpm = setup.beatsPerMinute();
+    bar_ = -1;
+    gridTempo_ = setup.startTempo();
+    const int bpm = setup.playedBeatsPerMinute(gridTempo_);
     beatGrid_ = BeatGrid(frame, sampleRate_, bpm, 1);
     beatIndex_ = 0;
     nextBeatFrame_ = frame;
@@ -115,6 +121,28 @@ void MetronomeEngine::changeTempo(std::int64_t frame, int bpm) {
             ++subdivisionIndex_;
         nextSubdivisionFrame_ = subdivisionGrid_.frameOf(subdivisionIndex_);
         logic_.setCurrentSubtickIndex(static_cast<int>(subdivisionIndex_ % slots));
+    }
+}
+
+void MetronomeEngine::beginBar() {
+    ++bar_;
+    logic_.setBarMuted(runSetup_.practice.isBarMuted(bar_));
+    const int tempo = runSetup_.practice.tempoForBar(bar_, runSetup_.tempo());
+    if (tempo == gridTempo_)
+        return;
+    // The bar's first beat is the new grid's instant 0, at its exact time, so
+    // that rounding never adds up over the steps; its subdivision instant 0,
+    // on the same frame, has not been played yet (beats go first).
+    gridTempo_ = tempo;
+    const int bpm = runSetup_.playedBeatsPerMinute(tempo);
+    const double exact = beatGrid_.exactTimeOf(beatIndex_);
+    beatGrid_ = BeatGrid::fromExactStart(exact, sampleRate_, bpm, 1);
+    beatIndex_ = 0;
+    if (hasSubdivision_) {
+        subdivisionGrid_ =
+            BeatGrid::fromExactStart(exact, sampleRate_, bpm, logic_.subticksInBeatCount());
+        subdivisionIndex_ = 0;
+        nextSubdivisionFrame_ = subdivisionGrid_.frameOf(0);
     }
 }
 
@@ -151,19 +179,21 @@ void MetronomeEngine::render(float* out, int frames, std::int64_t firstFrame) {
         // The bar position the beat about to sound stands on.
         const int beatInBar = logic_.beatNumber();
         if (beat) {
+            if (beatInBar == 1)
+                beginBar();
             tick = logic_.mainTick();
             nextBeatFrame_ = beatGrid_.frameOf(++beatIndex_);
         } else {
             tick = logic_.subTick();
             nextSubdivisionFrame_ = subdivisionGrid_.frameOf(++subdivisionIndex_);
         }
-        if (tick.soundId != 0) {
+        if (tick.soundId != 0)
             mixer_.play(tick.group, bank_.get(tick.soundId));
+        if (tick.counted) {
+            lastBeatFrame_ = at;
             // When nobody takes them the queue is full and beats are skipped.
-            if (beat) {
-                lastBeatFrame_ = at;
-                beats_.push({at, tick.soundId == logic_.sounds().tock, beatInBar});
-            }
+            beats_.push({at, tick.soundId == logic_.sounds().tock, beatInBar, tick.soundId != 0,
+                         gridTempo_, runSetup_.practice.barsToStep(bar_)});
         }
     }
     mixer_.mixInto(out + mixed, frames - mixed);

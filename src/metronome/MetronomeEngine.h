@@ -18,6 +18,12 @@
 // a new bar at once, its first beat on the first frame of the block. A start
 // after a stop was asked for begins a new run at once as well. A stop lets
 // the clicks already sounding ring out.
+//
+// Practice settings: a change of the beats' kinds only changes the sound from
+// the next beat on; a change of the speed trainer or of muted bars begins a
+// new run. The run counts its bars from 0; the trainer's tempo for a bar takes
+// over on that bar's first beat, whose instant starts the new grid, and while
+// the trainer is on the wheel's tempo is not played.
 
 #include <atomic>
 #include <cstdint>
@@ -38,10 +44,17 @@ public:
     // A beat click as rendered: its frame on the stream clock, whether it
     // was the accent and its place in the bar (1 to the numerator).
     // Rendering runs ahead of what is heard by the stream's buffering.
+    // Silent beats and the beats of muted bars are reported too (they still
+    // count), with sounding false. tempo is the wheel tempo the beat was
+    // played at, barsToStep what the trainer has left before its next step
+    // (PracticeSetup::barsToStep).
     struct RenderedBeat {
         std::int64_t frame = 0;
         bool accented = false;
         int beatInBar = 1;
+        bool sounding = true;
+        int tempo = 0;
+        int barsToStep = 0;
     };
 
     // sampleRate of the stream in hertz.
@@ -94,6 +107,9 @@ private:
     // Places the grids so that the next beat lies one period of bpm after
     // lastBeatFrame_, and not before frame.
     void changeTempo(std::int64_t frame, int bpm);
+    // The first beat of a bar is about to sound: counts the bar, mutes it or
+    // not and moves to the trainer's tempo for it.
+    void beginBar();
 
     int sampleRate_;
     ClickBank bank_;
@@ -113,6 +129,10 @@ private:
     std::int64_t subdivisionIndex_ = 0;
     std::int64_t nextBeatFrame_ = 0;
     std::int64_t nextSubdivisionFrame_ = 0;
+    // The bar of the run the latest beat is in, -1 before the first, and the
+    // wheel tempo the grids are playing.
+    std::int64_t bar_ = -1;
+    int gridTempo_ = 0;
     std::optional<std::int64_t> expectedFrame_;
 
     std::atomic<bool> running_{false};

@@ -12,8 +12,11 @@ namespace zt {
 
 // A beat click (not a subdivision) that has just reached the speaker.
 struct HeardBeat {
-    bool accented = false;  // the accented first beat of a bar
+    bool accented = false;  // an accented beat
     int beatInBar = 1;      // 1 (the downbeat) to the numerator
+    bool sounding = true;   // false for a silent beat or a muted bar's, which still count
+    int tempo = 0;          // the wheel tempo it was played at (the trainer's while it runs)
+    int barsToStep = 0;     // bars left before the trainer's next step, 0 when none comes
 };
 
 class MetronomeOutput {

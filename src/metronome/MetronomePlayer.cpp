@@ -71,7 +71,8 @@ std::optional<HeardBeat> MetronomePlayer::takeHeardBeat() {
         if (!nextBeat_ || nextBeat_->frame > heard)
             break;
         if (heard - nextBeat_->frame <= staleFrames)
-            latest = HeardBeat{nextBeat_->accented, nextBeat_->beatInBar};
+            latest = HeardBeat{nextBeat_->accented, nextBeat_->beatInBar, nextBeat_->sounding,
+                               nextBeat_->tempo, nextBeat_->barsToStep};
         nextBeat_.reset();
     }
     return latest;

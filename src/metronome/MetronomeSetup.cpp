@@ -30,6 +30,22 @@ int MetronomeSetup::beatsPerMinute() const {
     return isTempoX2 ? 2 * tempo() : tempo();
 }
 
+void MetronomeSetup::setBeatKind(int beat, BeatKind kind) {
+    if (beat < 1 || beat > kMaxBeats)
+        return;
+    if (beat == 1) {
+        isFirstBeatNeed = kind == BeatKind::Accented;
+        practice.beats[0] = kind == BeatKind::Silent ? BeatKind::Silent : BeatKind::Normal;
+    } else {
+        practice.beats[beat - 1] = kind;
+    }
+}
+
+void MetronomeSetup::setIsFirstBeatNeed(bool need) {
+    isFirstBeatNeed = need;
+    practice.followFirstBeatAccent(need);
+}
+
 void MetronomeSetup::setCurrentPack(int pack) {
     packNumber = clickSoundsForPack(pack).packNumber;
 }
@@ -74,7 +90,8 @@ void MetronomeSetup::setSavedData(const Dictionary& data) {
     setCurrentPack(pack.isNull() ? keys::kPackNumber.fallback
                                  : static_cast<int>(pack.toInt(keys::kPackNumber.fallback)));
     timeSig1Value = state::read(data, keys::kTimeSig1Value);
-    isFirstBeatNeed = state::read(data, keys::kIsFirstBeatNeed);
+    practice.setSavedData(data);
+    setIsFirstBeatNeed(state::read(data, keys::kIsFirstBeatNeed));
 
     // A row beyond the wheel is most likely a tempo saved in its place; the
     // nearest end of the wheel is closer to what was meant than the default.
@@ -100,7 +117,7 @@ void MetronomeSetup::setSavedData(const Dictionary& data) {
     }
 }
 
-Dictionary MetronomeSetup::savedData() const {
+Dictionary MetronomeSetup::plainData() const {
     return {
         {keys::kPackNumber.name, packNumber},
         {keys::kTimeSig1Value.name, timeSig1Value},
@@ -112,8 +129,15 @@ Dictionary MetronomeSetup::savedData() const {
     };
 }
 
+Dictionary MetronomeSetup::savedData() const {
+    Dictionary data = plainData();
+    practice.addSavedData(data, isFirstBeatNeed, false);
+    return data;
+}
+
 Dictionary MetronomeSetup::currentSettings() const {
-    Dictionary settings = savedData();
+    Dictionary settings = plainData();
+    practice.addSavedData(settings, isFirstBeatNeed, true);
     settings["state"] = currentState();
     return settings;
 }
@@ -122,7 +146,7 @@ std::string MetronomeSetup::currentState() const {
     char text[96];
     std::snprintf(text, sizeof text, "%d-%d-%d-%d-%d-%d-%d", packNumber, timeSig1Value,
                   timeSig2Value, notesPerBeat, isFirstBeatNeed ? 1 : 0, isTempoX2 ? 1 : 0, BPM);
-    return text;
+    return text + practice.stateSuffix(isFirstBeatNeed);
 }
 
 MetronomeSetup MetronomeSetup::normalized() const {
@@ -131,6 +155,8 @@ MetronomeSetup MetronomeSetup::normalized() const {
     s.timeSig1Value = std::clamp(timeSig1Value, keys::kTimeSig1Value.min, keys::kTimeSig1Value.max);
     s.notesPerBeat = std::clamp(notesPerBeat, keys::kNotesPerBeat.min, keys::kNotesPerBeat.max);
     s.BPM = std::clamp(BPM, 0, kWheelRows - 1);
+    s.practice = practice.normalized();
+    s.practice.followFirstBeatAccent(isFirstBeatNeed);
     return s;
 }
 

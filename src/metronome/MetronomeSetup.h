@@ -7,6 +7,7 @@
 #include <string>
 
 #include "framework/Value.h"
+#include "metronome/PracticeSetup.h"
 #include "state/StateKeys.h"
 
 namespace zt {
@@ -19,6 +20,7 @@ struct MetronomeSetup {
     bool isFirstBeatNeed = state::metronome::kIsFirstBeatNeed.fallback;
     bool isTempoX2 = state::metronome::kIsTempoX2.fallback;  // eighth-note beat, tempo doubled
     int BPM = state::metronome::kBPM.fallback;               // tempo wheel row, tempo - 20
+    PracticeSetup practice;  // beats of the bar, speed trainer, muted bars
 
     bool operator==(const MetronomeSetup&) const = default;
 
@@ -26,6 +28,19 @@ struct MetronomeSetup {
     int tempo() const;
     // The beats per minute the engine plays: the tempo, doubled in eighth-note time.
     int beatsPerMinute() const;
+
+    // The wheel tempo the run starts at: the trainer's start when it is on.
+    int startTempo() const { return practice.tempoForBar(0, tempo()); }
+    // Beats per minute the engine plays for a wheel tempo.
+    int playedBeatsPerMinute(int wheelTempo) const {
+        return isTempoX2 ? 2 * wheelTempo : wheelTempo;
+    }
+
+    // What beat (1 to 16) of the bar plays. Setting beat 1 also sets the
+    // accent switch (on exactly for Accented); the switch on un-silences beat 1.
+    BeatKind beatKind(int beat) const { return practice.beatKind(beat, isFirstBeatNeed); }
+    void setBeatKind(int beat, BeatKind kind);
+    void setIsFirstBeatNeed(bool need);
 
     // Sets the pack; an unknown pack number selects pack 1.
     void setCurrentPack(int pack);
@@ -47,17 +62,25 @@ struct MetronomeSetup {
     // have set them.
     void setSavedData(const Dictionary& data);
     // "packNumber", "timeSig1Value", "timeSig2Value", "notesPerBeat",
-    // "isFirstBeatNeed", "isTempoX2" and "BPM" (the wheel row).
+    // "isFirstBeatNeed", "isTempoX2" and "BPM" (the wheel row), and the
+    // practice keys. The saved section is merged with what it held, so a
+    // practice setting back at its default must be written too.
     Dictionary savedData() const;
-    // savedData() plus "state" = currentState().
+    // For a preset: the same, the practice keys only once any of them left
+    // its default, plus "state" = currentState().
     Dictionary currentSettings() const;
     // "%d-%d-%d-%d-%d-%d-%d": pack, numerator, denominator, pattern, accent
-    // (0 or 1), eighth-note beat (0 or 1) and wheel row.
+    // (0 or 1), eighth-note beat (0 or 1) and wheel row; then the practice
+    // settings, only once any of them left its default.
     std::string currentState() const;
 
     // The same setup with every field forced into its range; what the engine
     // plays, whatever it is handed.
     MetronomeSetup normalized() const;
+
+private:
+    // The seven keys every saved section and preset has always had.
+    Dictionary plainData() const;
 };
 
 }  // namespace zt

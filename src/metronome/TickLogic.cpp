@@ -7,6 +7,9 @@ void TickLogic::start(const MetronomeSetup& setup) {
     sounds_ = clickSoundsForPack(s.packNumber);
     timeSig1Value_ = s.timeSig1Value;
     isFirstBeatNeed_ = s.isFirstBeatNeed;
+    practice_ = s.practice;
+    barMuted_ = false;
+    beatSounding_ = true;
 
     isRunningSubTimer_ = false;
     timerDirectionNeedStop_ = false;
@@ -32,6 +35,12 @@ void TickLogic::setCurrentPack(int packNumber) {
 
 void TickLogic::setIsFirstBeatNeed(bool need) {
     isFirstBeatNeed_ = need;
+    practice_.followFirstBeatAccent(need);
+}
+
+void TickLogic::setBeats(const BeatKinds& beats) {
+    practice_.beats = beats;
+    practice_.followFirstBeatAccent(isFirstBeatNeed_);
 }
 
 TickLogic::Tick TickLogic::mainTick() {
@@ -46,15 +55,16 @@ TickLogic::Tick TickLogic::mainTick() {
         // No subdivision: this beat still sounds, as the last one.
     }
     isRunningSubTimer_ = true;
-    return {playBeat(), kBeatGroup, !isRunning()};
+    return {playBeat(), kBeatGroup, !isRunning(), true};
 }
 
 int TickLogic::playBeat() {
-    int id = sounds_.tick;
-    if (beatNumber_ == 1) {
-        if (isFirstBeatNeed_ && timeSig1Value_ != 1)
-            id = sounds_.tock;
-    } else if (beatNumber_ == timeSig1Value_) {
+    const BeatKind kind = practice_.beatKind(beatNumber_, isFirstBeatNeed_);
+    beatSounding_ = kind != BeatKind::Silent && !barMuted_;
+    int id = beatSounding_ ? sounds_.tick : 0;
+    if (beatSounding_ && kind == BeatKind::Accented && timeSig1Value_ != 1)
+        id = sounds_.tock;
+    if (beatNumber_ == timeSig1Value_) {
         beatNumber_ = 0;
     }
     if (timeSig1Value_ != 1) {
@@ -78,7 +88,7 @@ TickLogic::Tick TickLogic::subTick() {
         return {0, 0, true};
     }
     Tick tick;
-    if (subtickMask_[currentSubtickIndex_])
+    if (subtickMask_[currentSubtickIndex_] && beatSounding_)
         tick = {sounds_.subtick, kSubdivisionGroup, false};
     if (++currentSubtickIndex_ >= subticksInBeatCount_)
         currentSubtickIndex_ = 0;

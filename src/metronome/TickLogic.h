@@ -6,7 +6,9 @@
 //
 // Accents: a run starts on the first beat of a bar, so its very first beat is
 // the accented one (when the accent is on), and so is every bar start after
-// it. A numerator of 1 never accents.
+// it. A numerator of 1 never accents. Each beat plays as its kind says
+// (PracticeSetup); a silent beat, or any beat of a muted bar, counts but makes
+// no sound, and neither do the subdivisions within it.
 //
 // Stopping: requestStop() raises both stop requests. With a subdivision, the
 // next instant of either kind ends the run silently. Without one, the next
@@ -28,6 +30,8 @@ public:
         int soundId = 0;
         int group = 0;
         bool runEnded = false;
+        // A beat of the bar went by, sounding or not.
+        bool counted = false;
     };
 
     // Begins a run: bar position 1, subdivision pattern set up at slot 0, no
@@ -38,6 +42,9 @@ public:
     // Takes effect at the next tick, without restarting the bar.
     void setCurrentPack(int packNumber);
     void setIsFirstBeatNeed(bool need);
+    void setBeats(const BeatKinds& beats);
+    // Whether the bar the next beat belongs to is muted.
+    void setBarMuted(bool muted) { barMuted_ = muted; }
 
     Tick mainTick();
     Tick subTick();
@@ -59,6 +66,10 @@ private:
     ClickSounds sounds_;
     int timeSig1Value_ = 1;
     bool isFirstBeatNeed_ = true;
+    PracticeSetup practice_;
+    bool barMuted_ = false;
+    // Whether the latest beat sounded, and with it its subdivisions.
+    bool beatSounding_ = true;
 
     int beatNumber_ = 1;
     bool isRunningSubTimer_ = false;

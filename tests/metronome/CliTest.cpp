@@ -56,6 +56,21 @@ TEST(MetronomeCommand, BadArgumentsExplainAndExitWithTwo) {
         {{"--out", "a.wav", "--out", "b.wav"}, "--out"},
         {{"--tempo", "90", "--out", "x.wav"}, "--tempo"},
         {{"fast", "--out", "x.wav"}, "fast"},
+        {{"--trainer", "60:120:5", "--out", "x.wav"}, "--trainer: must be START:END:STEP:BARS"},
+        {{"--trainer", "60:120:5:4:1", "--out", "x.wav"}, "--trainer"},
+        {{"--trainer", "19:120:5:4", "--out", "x.wav"}, "--trainer"},
+        {{"--trainer", "60:241:5:4", "--out", "x.wav"}, "--trainer"},
+        {{"--trainer", "60:120:0:4", "--out", "x.wav"}, "--trainer"},
+        {{"--trainer", "60:120:-5:4", "--out", "x.wav"}, "negative only when END is below"},
+        {{"--trainer", "60:120:5:0", "--out", "x.wav"}, "--trainer"},
+        {{"--trainer", "60::5:4", "--out", "x.wav"}, "--trainer"},
+        {{"--beats", "ANX", "--out", "x.wav"}, "--beats: must be 1 to 16 letters"},
+        {{"--beats", "", "--out", "x.wav"}, "--beats"},
+        {{"--beats", "ANN", "--out", "x.wav"}, "has 3 letters, but a bar of 2/4 has 2 beats"},
+        {{"--beats", "NA", "--accent", "on", "--out", "x.wav"}, "--accent on disagrees"},
+        {{"--mute", "3", "--out", "x.wav"}, "--mute: must be PLAY:SILENT"},
+        {{"--mute", "0:1", "--out", "x.wav"}, "--mute"},
+        {{"--mute", "3:100", "--out", "x.wav"}, "--mute"},
     };
     for (const auto& row : rows) {
         std::ostringstream out, err;
@@ -79,6 +94,29 @@ TEST(MetronomeCommand, ArgumentsMakeTheSetupTheAppWouldPlay) {
     EXPECT_EQ(command.job().setup.beatsPerMinute(), 240);
     EXPECT_DOUBLE_EQ(command.job().seconds, 2.5);
     EXPECT_EQ(command.job().out, "click.wav");
+
+    // The practice options, as the app saves them in its state code.
+    const std::vector<std::pair<std::vector<std::string>, std::string>> rows = {
+        {{"--beats", "AS"}, "1-2-4-1-1-0-60-ASNNNNNNNNNNNNNN-0-60-120-5-4-0-3-1"},
+        {{"--beats", "SN"}, "1-2-4-1-0-0-60-SNNNNNNNNNNNNNNN-0-60-120-5-4-0-3-1"},
+        {{"--beats", "na", "--accent", "off"},
+         "1-2-4-1-0-0-60-NANNNNNNNNNNNNNN-0-60-120-5-4-0-3-1"},
+        {{"--trainer", "60:120:5:4"}, "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-1-60-120-5-4-0-3-1"},
+        {{"--trainer", "140:90:-10:2"}, "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-1-140-90-10-2-0-3-1"},
+        {{"--trainer", "140:90:10:2"}, "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-1-140-90-10-2-0-3-1"},
+        {{"--mute", "3:1"}, "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-0-60-120-5-4-1-3-1"},
+        {{"--signature", "3/4", "--beats", "ANS", "--mute", "2:2", "--trainer", "80:80:1:1"},
+         "1-3-4-1-1-0-60-ANSNNNNNNNNNNNNN-1-80-80-1-1-1-2-2"},
+    };
+    for (const auto& [options, state] : rows) {
+        CLI::App parent;
+        MetronomeCommand practice(parent);
+        std::vector<std::string> line = metronome(options);
+        line.insert(line.end(), {"--bpm", "80", "--out", "x.wav"});
+        std::reverse(line.begin(), line.end());
+        parent.parse(line);
+        EXPECT_EQ(practice.job().setup.currentState(), state) << options.front();
+    }
 }
 
 TEST(Cli, HelpAndVersionGoToStdoutAndSucceed) {

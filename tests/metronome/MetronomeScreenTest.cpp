@@ -427,4 +427,60 @@ TEST_F(MetronomeScreenTest, TabBarVisibility) {
     }
 }
 
+// Taps on the beat marks cycle each beat; the switch and beat 1 agree, a
+// running metronome is handed every change, and the kinds are saved.
+TEST_F(MetronomeScreenTest, TappedBeatsCycleAndAreSaved) {
+    registerScreen(screen);
+    screen.chooseNumerator(4);
+    screen.startStop();
+    const struct {
+        int beat;
+        const char* kinds;
+        bool accent;
+    } taps[] = {{4, "ANNS", true},  {4, "ANNA", true}, {1, "NNNA", false},
+                {1, "SNNA", false}, {1, "ANNA", true}, {9, "ANNA", true}};
+    for (const auto& tap : taps) {
+        output.calls.clear();
+        screen.cycleBeat(tap.beat);
+        EXPECT_EQ(screen.beatKinds().join(""), tap.kinds) << tap.beat;
+        EXPECT_EQ(screen.isFirstBeatNeed(), tap.accent) << tap.kinds;
+        EXPECT_EQ(output.calls.size(), tap.beat <= 4 ? 1u : 0u) << tap.kinds;
+    }
+    screen.viewDidDisappear();
+    EXPECT_EQ(valueFor(savedSection(), "beatAccents").toString(), "ANNANNNNNNNNNNNN");
+
+    // Back to all plain: saved too, for the saved section is merged.
+    screen.cycleBeat(4);
+    screen.viewDidDisappear();
+    EXPECT_EQ(valueFor(savedSection(), "beatAccents").toString(), "ANNNNNNNNNNNNNNN");
+}
+
+// The trainer's read-out follows the beats heard, not a clock of its own.
+TEST_F(MetronomeScreenTest, TrainerStatusFollowsTheHeardBeats) {
+    registerScreen(screen);
+    PracticeSetup practice;
+    practice.trainerOn = true;
+    practice.trainerStart = 60;
+    practice.trainerEnd = 70;
+    practice.trainerStep = 4;
+    practice.trainerBars = 2;
+    screen.setPractice(practice);
+    EXPECT_EQ(screen.trainerStatus(), "");  // stopped
+    screen.startStop();
+    EXPECT_EQ(screen.trainerStatus().toStdString(), "60 BPM, 2 bars to 64");
+    const struct {
+        HeardBeat heard;
+        const char* status;
+    } polls[] = {{{true, 1, true, 60, 1}, "60 BPM, 1 bar to 64"},
+                 {{true, 1, true, 68, 2}, "68 BPM, 2 bars to 70"},
+                 {{true, 1, false, 70, 0}, "70 BPM, holding"}};
+    for (const auto& poll : polls) {
+        output.heard = {poll.heard};
+        screen.pollHeardBeats();
+        EXPECT_EQ(screen.trainerStatus().toStdString(), poll.status);
+    }
+    screen.startStop();
+    EXPECT_EQ(screen.trainerStatus(), "");
+}
+
 }  // namespace

@@ -35,6 +35,11 @@ public:
     bool isPlaying() const override { return playing; }
     void saveCurrentState() override { ++saves; }
     void playSampleTick() override { ++sampleTicks; }
+    PracticeSetup practice() const override { return setup.practice; }
+    void setPractice(const PracticeSetup& practice) override {
+        setup.practice = practice;
+        restartMetronome();
+    }
 
     MetronomeSetup setup;
     bool playing = false;
@@ -151,6 +156,61 @@ TEST_F(MetronomeSettingsTest, AccentToggleRestartsAndMovesTheMark) {
     screen.toggleAccent();
     EXPECT_EQ(screen.presetNumber(), 0);
     EXPECT_EQ(metronome.restarts, 2);
+}
+
+// The practice section: switches, values held in their ranges, each change
+// handed to a (running) metronome, and the preset mark following it.
+TEST_F(MetronomeSettingsTest, PracticeValuesStepWithinTheirRangesAndMoveTheMark) {
+    addPreset("Plain");
+    metronome.playing = true;
+    PracticeSettings& practice = *screen.practice();
+    using F = PracticeSettings::Field;
+    const struct {
+        std::function<void()> act;
+        F field;
+        int value;
+        int preset;  // marked after it
+    } rows[] = {
+        {[&] { practice.toggleTrainer(); }, F::TrainerStart, 60, 0},
+        {[&] { practice.step(F::TrainerStart, -100); }, F::TrainerStart, 20, 0},
+        {[&] { practice.step(F::TrainerEnd, 500); }, F::TrainerEnd, 240, 0},
+        {[&] { practice.step(F::TrainerStep, -9); }, F::TrainerStep, 1, 0},
+        {[&] { practice.step(F::TrainerBars, 100); }, F::TrainerBars, 99, 0},
+        {[&] { practice.step(F::MutePlayBars, -3); }, F::MutePlayBars, 1, 0},
+        {[&] { practice.step(F::MuteSilentBars, 2); }, F::MuteSilentBars, 3, 0},
+        {[&] { practice.toggleMute(); }, F::MuteSilentBars, 3, 0},
+        // Back to every default: the preset of the plain settings again.
+        {[&] {
+             practice.toggleMute();
+             practice.toggleTrainer();
+             practice.step(F::TrainerStart, 40);
+             practice.step(F::TrainerEnd, -120);
+             practice.step(F::TrainerStep, 4);
+             practice.step(F::TrainerBars, -95);
+             practice.step(F::MutePlayBars, 2);
+             practice.step(F::MuteSilentBars, -2);
+         },
+         F::TrainerStart, 60, 1},
+    };
+    int restarts = 0;
+    for (const auto& row : rows) {
+        row.act();
+        EXPECT_EQ(practice.value(row.field), row.value) << practice.title(row.field).toStdString();
+        EXPECT_EQ(screen.presetNumber(), row.preset);
+        EXPECT_GT(metronome.restarts, restarts);
+        restarts = metronome.restarts;
+    }
+    // A step past the end changes nothing and restarts nothing.
+    practice.step(F::MutePlayBars, 200);
+    restarts = metronome.restarts;
+    practice.step(F::MutePlayBars, 1);
+    EXPECT_EQ(metronome.restarts, restarts);
+    practice.step(F::MutePlayBars, 3 - 99);
+
+    practice.toggleTrainer();
+    practice.toggleMute();
+    EXPECT_EQ(practice.trainerSummary().toStdString(), "60 to 120 BPM, +5 every 4 bars");
+    EXPECT_EQ(practice.muteSummary().toStdString(), "3 bars on, 1 bar off");
 }
 
 TEST_F(MetronomeSettingsTest, SaveAnswersTheTitleTyped) {

@@ -150,7 +150,34 @@ INSTANTIATE_TEST_SUITE_P(
         SavedCase{"PatternOutOfRange", {{"notesPerBeat", 7}}, "1-2-4-1-1-0-60"},
         SavedCase{"NumbersAsText",
                   {{"packNumber", "2"}, {"isFirstBeatNeed", "0"}, {"BPM", "60"}},
-                  "2-2-4-1-0-0-60"}),
+                  "2-2-4-1-0-0-60"},
+        // Practice keys: absent means off, and the code stays what it was.
+        SavedCase{"BeatsOfTheBar",
+                  {{"timeSig1Value", 4}, {"beatAccents", "nans"}},
+                  "1-4-4-1-1-0-60-AANSNNNNNNNNNNNN-0-60-120-5-4-0-3-1"},
+        SavedCase{"SilentFirstBeatWithTheSwitchOn",
+                  {{"beatAccents", "SN"}, {"isFirstBeatNeed", true}},
+                  "1-2-4-1-1-0-60"},
+        SavedCase{"SilentFirstBeatWithTheSwitchOff",
+                  {{"beatAccents", "SN"}, {"isFirstBeatNeed", false}},
+                  "1-2-4-1-0-0-60-SNNNNNNNNNNNNNNN-0-60-120-5-4-0-3-1"},
+        SavedCase{"AccentedFirstBeatFollowsTheSwitch",
+                  {{"beatAccents", "AA"}, {"isFirstBeatNeed", false}},
+                  "1-2-4-1-0-0-60-NANNNNNNNNNNNNNN-0-60-120-5-4-0-3-1"},
+        SavedCase{"BadBeatsAreIgnored", {{"beatAccents", "AXN"}}, "1-2-4-1-1-0-60"},
+        SavedCase{"Trainer",
+                  {{"trainerOn", true},
+                   {"trainerStart", 80},
+                   {"trainerEnd", 60},
+                   {"trainerStep", 2},
+                   {"trainerBars", 8}},
+                  "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-1-80-60-2-8-0-3-1"},
+        SavedCase{"TrainerOutOfRangeFallsBack",
+                  {{"trainerOn", true}, {"trainerStart", 300}, {"trainerBars", 0}},
+                  "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-1-60-120-5-4-0-3-1"},
+        SavedCase{"MutedBars",
+                  {{"muteOn", true}, {"mutePlayBars", 2}, {"muteSilentBars", 6}},
+                  "1-2-4-1-1-0-60-ANNNNNNNNNNNNNNN-0-60-120-5-4-1-2-6"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST(SavedData, CurrentSettingsAddTheStateCode) {
@@ -161,6 +188,32 @@ TEST(SavedData, CurrentSettingsAddTheStateCode) {
     EXPECT_EQ(valueFor(settings, "state").toString(), "1-2-4-1-1-0-100");
     EXPECT_EQ(valueFor(settings, "BPM").toInt(), 100);
     EXPECT_EQ(setup.tempo(), 120);
+
+    // Presets carry practice keys once they are used.
+    setup.setBeatKind(3, BeatKind::Silent);
+    EXPECT_EQ(setup.currentSettings().size(), 17u);
+    EXPECT_EQ(valueFor(setup.currentSettings(), "beatAccents").toString(), "ANSNNNNNNNNNNNNN");
+    setup.setBeatKind(3, BeatKind::Normal);
+    EXPECT_EQ(setup.currentSettings().size(), 8u);
+    // The saved section is merged, so it always carries them.
+    EXPECT_EQ(valueFor(setup.savedData(), "beatAccents").toString(), "ANNNNNNNNNNNNNNN");
+}
+
+// Beat 1 and the accent switch are one setting seen two ways.
+TEST(BeatKinds, BeatOneAndTheAccentSwitchAgree) {
+    MetronomeSetup setup;
+    std::string seen;
+    for (int tap = 0; tap < 4; ++tap) {
+        setup.setBeatKind(1, nextBeatKind(setup.beatKind(1)));
+        seen += beatLetter(setup.beatKind(1));
+        seen += setup.isFirstBeatNeed ? '1' : '0';
+    }
+    EXPECT_EQ(seen, "N0S0A1N0");
+    setup.setBeatKind(1, BeatKind::Silent);
+    setup.setIsFirstBeatNeed(true);
+    EXPECT_EQ(setup.beatKind(1), BeatKind::Accented);
+    setup.setIsFirstBeatNeed(false);
+    EXPECT_EQ(setup.beatKind(1), BeatKind::Normal);
 }
 
 TEST(Choices, EighthNoteTimeOffersPatternsOneTwoThreeAndSix) {

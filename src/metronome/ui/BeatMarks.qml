@@ -3,9 +3,11 @@ import QtQuick
 import ZebTools
 
 // The beats of the bar as large numbered marks, to be read from a music
-// stand: the beat sounding now is lit, the downbeat is ringed and lit in the
-// accent colour. Up to eight marks share a row; more take two rows. The
-// marks fill the item's height and grow with it.
+// stand: the beat counted now is lit. An accented beat is ringed and lit in
+// the accent colour, a normal one plain, a silent one hollow and struck
+// (it still lights when counted). A tap on a mark cycles its beat Accented
+// -> Normal -> Silent. Up to eight marks share a row; more take two rows.
+// The marks fill the item's height and grow with it.
 Item {
     id: marks
 
@@ -35,17 +37,36 @@ Item {
                 required property int index
                 readonly property int beat: index + 1
                 readonly property bool lit: marks.screen.currentBeat === beat
-                readonly property bool downbeat: beat === 1
+                readonly property string kind: marks.screen.beatKinds[index] ?? "N"
+                readonly property bool downbeat: kind === "A"
+                readonly property bool silent: kind === "S"
 
                 objectName: "beatMark" + beat
-                Accessible.role: Accessible.Indicator
-                Accessible.name: "Beat " + beat + (lit ? ", sounding" : "")
+                Accessible.role: Accessible.Button
+                Accessible.name: "Beat " + beat + (downbeat ? ", accented" : silent ? ", silent" : "")
+                                 + (lit ? ", counted" : "")
+                Accessible.onPressAction: marks.screen.cycleBeat(beat)
                 width: marks.markWidth
                 height: marks.markHeight
                 radius: Math.min(width, height) * 0.3
-                color: lit ? (downbeat ? Theme.accent : Theme.text) : Theme.panelLight
-                border.color: downbeat ? Theme.accent : Theme.separator
-                border.width: downbeat ? Math.max(2, height * 0.07) : 1
+                color: lit ? (downbeat ? Theme.accent : silent ? Theme.textDim : Theme.text)
+                           : (silent ? "transparent" : Theme.panelLight)
+                border.color: downbeat ? Theme.accent : silent ? Theme.textDim : Theme.separator
+                border.width: downbeat ? Math.max(2, height * 0.07) : silent ? 2 : 1
+
+                TapHandler {
+                    onTapped: marks.screen.cycleBeat(mark.beat)
+                }
+
+                // A silent beat: a slash across the hollow mark.
+                Rectangle {
+                    visible: mark.silent
+                    anchors.centerIn: parent
+                    width: Math.hypot(parent.width, parent.height) * 0.6
+                    height: 2
+                    rotation: -Math.atan2(parent.height, parent.width) * 180 / Math.PI
+                    color: mark.lit ? Theme.background : Theme.textDim
+                }
 
                 Text {
                     anchors.centerIn: parent

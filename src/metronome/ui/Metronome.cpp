@@ -84,12 +84,47 @@ void Metronome::setCurrentBeat(int beat) {
     emit currentBeatChanged();
 }
 
+void Metronome::updateTrainerStatus(const HeardBeat* heard) {
+    const PracticeSetup& p = core_.setup().practice;
+    QString status;
+    if (core_.isPlaying() && p.trainerOn) {
+        status = QString::fromStdString(heard ? p.trainerStatus(heard->tempo, heard->barsToStep)
+                                              : p.trainerStatus(p.trainerStart, p.barsToStep(0)));
+    }
+    if (status == trainerStatus_)
+        return;
+    trainerStatus_ = status;
+    emit trainerStatusChanged();
+}
+
+QStringList Metronome::beatKinds() const {
+    QStringList kinds;
+    for (int beat = 1; beat <= numerator(); ++beat)
+        kinds.append(QString(QChar(beatLetter(core_.setup().beatKind(beat)))));
+    return kinds;
+}
+
+void Metronome::cycleBeat(int beat) {
+    if (beat < 1 || beat > numerator())
+        return;
+    core_.setBeatKind(beat, nextBeatKind(core_.setup().beatKind(beat)));
+    settingsUpdated();
+}
+
+void Metronome::setPractice(const PracticeSetup& practice) {
+    core_.setPractice(practice);
+    settingsUpdated();
+    updateTrainerStatus(nullptr);
+}
+
 void Metronome::playingUpdated() {
     const bool playing = core_.isPlaying();
     if (playing && !beatTimer_.isActive())
         beatTimer_.start();
     if (!playing)
         setCurrentBeat(0);
+    if (playing != wasPlaying_)
+        updateTrainerStatus(nullptr);
     if (playing == wasPlaying_)
         return;
     wasPlaying_ = playing;
@@ -240,8 +275,10 @@ void Metronome::pollHeardBeats() {
         emit beatCountChanged();
         // A click of a run already stopped, still on its way to the speaker,
         // lights nothing.
-        if (core_.isPlaying())
+        if (core_.isPlaying()) {
             setCurrentBeat(beat->beatInBar);
+            updateTrainerStatus(&*beat);
+        }
     }
     // Stopped: keep watching until the last click has been heard.
     if (!core_.isPlaying() && output_.releaseWhenSilent())

@@ -64,6 +64,12 @@ class Metronome : public zt::Screen, public MetronomeControls {
     // last applied while nothing has changed since, else the first with
     // the same settings.
     Q_PROPERTY(QString presetName READ presetName NOTIFY presetNameChanged)
+    // What each beat of the bar plays, "A" (accented), "N" or "S" (silent),
+    // beats 1 to the numerator at indices 0 on.
+    Q_PROPERTY(QStringList beatKinds READ beatKinds NOTIFY settingsChanged)
+    // While the speed trainer plays: its tempo and the bars to its next
+    // step, as the beats are heard ("65 BPM, 3 bars to 70"); "" otherwise.
+    Q_PROPERTY(QString trainerStatus READ trainerStatus NOTIFY trainerStatusChanged)
 
 public:
     // The choice panel over the tempo display: the numerator's sixteen
@@ -98,6 +104,10 @@ public:
     bool beatAccented() const { return beatAccented_; }
     int currentBeat() const { return currentBeat_; }
     QString presetName() const { return presetName_; }
+    QStringList beatKinds() const;
+    QString trainerStatus() const { return trainerStatus_; }
+    // A tap on a beat's mark: Accented -> Normal -> Silent -> Accented.
+    Q_INVOKABLE void cycleBeat(int beat);
 
     // Tempo wheel: plus and minus step one row (plus does nothing at the
     // top; minus at the bottom stays there); selectRow is a row chosen on
@@ -160,6 +170,8 @@ public:
     bool isPlaying() const override { return core_.isPlaying(); }
     void saveCurrentState() override;
     void playSampleTick() override;
+    PracticeSetup practice() const override { return core_.setup().practice; }
+    void setPractice(const PracticeSetup& practice) override;
 
     // The beat light's clock: takes the newest heard beat from the output.
     // A timer calls it about sixty times a second while the metronome sounds.
@@ -175,6 +187,7 @@ signals:
     void beatCountChanged();
     void currentBeatChanged();
     void presetNameChanged();
+    void trainerStatusChanged();
 
 private:
     bool canSound() const;
@@ -187,6 +200,8 @@ private:
     void settingsUpdated();
     void presetUpdated();
     void setCurrentBeat(int beat);
+    // From the latest heard beat (none: the run's start).
+    void updateTrainerStatus(const HeardBeat* heard);
     bool panelKeyPressed(int key);
 
     MetronomeDelegate* delegate_ = nullptr;
@@ -203,6 +218,7 @@ private:
     bool beatAccented_ = false;
     int currentBeat_ = 0;
     QString presetName_;
+    QString trainerStatus_;
     // The name of the preset last applied, preferred among presets with the
     // same settings.
     std::string appliedPreset_;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "framework/Value.h"
+#include "metronome/PracticeSetup.h"
 
 namespace zt {
 
@@ -18,6 +19,10 @@ public:
     // restarting.
     virtual int packNumber() const = 0;
     virtual void setCurrentPack(int packNumber) = 0;
+    // The speed trainer and muted bars (and the beats of the bar); a new
+    // trainer or muted bars start a running metronome's bar again.
+    virtual PracticeSetup practice() const = 0;
+    virtual void setPractice(const PracticeSetup& practice) = 0;
     // "pack-numerator-denominator-pattern-accent-eighths-row".
     virtual std::string currentState() const = 0;
     // The saved keys plus "state".

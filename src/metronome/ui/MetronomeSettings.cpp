@@ -22,7 +22,12 @@ QString quoted(const std::string& name) {
 }  // namespace
 
 MetronomeSettings::MetronomeSettings(MetronomeControls* metronome, QObject* parent)
-    : Screen(parent), metronome_(metronome) {
+    : Screen(parent), metronome_(metronome), practice_(new PracticeSettings(metronome, this)) {
+    // A practice setting changes the state code the presets are matched on.
+    connect(practice_, &PracticeSettings::changed, this, [this] {
+        updatePresetNumber();
+        emit reloaded();
+    });
     for (std::string_view name : SoundBank::kPackNames) {
         arrayPack_.append(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     }
@@ -272,6 +277,7 @@ void MetronomeSettings::updatePresetNumber() {
 
 void MetronomeSettings::reload() {
     emit reloaded();
+    practice_->refresh();
 }
 
 void MetronomeSettings::closeDialog() {

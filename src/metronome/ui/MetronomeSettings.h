@@ -19,6 +19,7 @@
 #include <chrono>
 
 #include "framework/Value.h"
+#include "metronome/ui/PracticeSettings.h"
 #include "metronome/ui/PresetListModel.h"
 #include "screen/Screen.h"
 
@@ -52,6 +53,8 @@ class MetronomeSettings : public zt::Screen {
     Q_PROPERTY(zt::PresetListModel* presets READ presets CONSTANT)
     // The marked preset, 0 when none.
     Q_PROPERTY(int presetNumber READ presetNumber NOTIFY reloaded)
+    // The speed trainer and muted bars.
+    Q_PROPERTY(zt::PracticeSettings* practice READ practice CONSTANT)
 
     // The add-preset dialog: whether it shows, its text field, whether the
     // field holds the keyboard, and the message shown over it ("" for none).
@@ -76,6 +79,7 @@ public:
     }
     MetronomeSettingsDelegate* delegate() const { return delegate_; }
     MetronomeControls* metronome() const { return metronome_; }
+    PracticeSettings* practice() const { return practice_; }
 
     QString accentTitle() const { return QStringLiteral("First Beat Emphasis"); }
     QString packHeader() const { return QStringLiteral("Sound Pack"); }
@@ -169,6 +173,7 @@ private:
     MetronomeControls* metronome_ = nullptr;
     QStringList arrayPack_;
     PresetListModel presets_;
+    PracticeSettings* practice_;
     bool switcherFBValue_ = true;
     bool dialogOpen_ = false;
     QString nameField_;

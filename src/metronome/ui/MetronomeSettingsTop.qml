@@ -56,6 +56,11 @@ Column {
         }
     }
 
+    PracticeCard {
+        width: tableTop.width
+        practice: tableTop.screen.practice
+    }
+
     SectionHeader {
         width: tableTop.width
         text: tableTop.screen.presetsHeader

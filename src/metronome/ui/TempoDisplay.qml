@@ -4,7 +4,8 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // The tempo display: the beats of the bar (BeatMarks), the three big
-// digits with the tempo's name, the preset in use and the settings button;
+// digits with the tempo's name, the speed trainer's tempo and bars to its
+// next step while it plays, the preset in use and the settings button;
 // the choice panel slides in over it from the right. The beats and the
 // digits grow with the display.
 Item {
@@ -36,7 +37,7 @@ Item {
         id: readOutArea
         y: beats.y + beats.height
         width: parent.width
-        height: presetLabel.y - y
+        height: trainerLabel.y - y
     }
 
     // The digits, the name and "BPM", laid out for a 300 x 122 display.
@@ -84,6 +85,21 @@ Item {
             color: Theme.textDim
             font.pixelSize: 12
         }
+    }
+
+    Text {
+        id: trainerLabel
+        objectName: "trainerStatus"
+        x: 14
+        y: presetLabel.y - height
+        width: parent.width - 28
+        height: display.screen.trainerStatus === "" ? 0 : implicitHeight
+        horizontalAlignment: Text.AlignHCenter
+        elide: Text.ElideRight
+        text: display.screen.trainerStatus === "" ? "" : "Trainer: " + display.screen.trainerStatus
+        color: Theme.accent
+        font.bold: true
+        font.pixelSize: Math.round(Math.max(12, Math.min(display.height * 0.055, 20)))
     }
 
     Text {

@@ -1,0 +1,66 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import ZebTools
+
+// The "Practice" section of the metronome settings: the speed trainer and
+// muted bars, each an on/off switch, and its values
+// (PracticeStepRow) while it is on.
+Column {
+    id: card
+
+    required property PracticeSettings practice
+
+    SectionHeader {
+        width: card.width
+        text: "Practice"
+    }
+
+    Card {
+        width: card.width
+
+        SwitchRow {
+            objectName: "trainerRow"
+            switchName: "trainerSwitch"
+            title: "Speed Trainer"
+            first: true
+            isOn: card.practice.trainerOn
+            onFlipped: card.practice.toggleTrainer()
+        }
+
+        Repeater {
+            model: card.practice.trainerOn
+                   ? [PracticeSettings.TrainerStart, PracticeSettings.TrainerEnd,
+                      PracticeSettings.TrainerStep, PracticeSettings.TrainerBars] : []
+
+            PracticeStepRow {
+                required property int modelData
+                practice: card.practice
+                field: modelData
+            }
+        }
+
+        SwitchRow {
+            objectName: "muteRow"
+            switchName: "muteSwitch"
+            title: "Muted Bars"
+            last: !card.practice.muteOn
+            isOn: card.practice.muteOn
+            onFlipped: card.practice.toggleMute()
+        }
+
+        Repeater {
+            id: muteRows
+
+            model: card.practice.muteOn
+                   ? [PracticeSettings.MutePlayBars, PracticeSettings.MuteSilentBars] : []
+
+            PracticeStepRow {
+                required property int modelData
+                required property int index
+                practice: card.practice
+                field: modelData
+                last: index === muteRows.count - 1
+            }
+        }
+    }
+}
