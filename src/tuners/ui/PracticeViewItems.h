@@ -1,0 +1,90 @@
+#pragma once
+// The chromatic tuner's practice views as scene-graph items: the strobe
+// band and the pitch history, drawn from the TunerChromatic screen's
+// StrobeBand and PitchTrace at the time of each frame. The views ask for a
+// frame each time the display refreshes (a FrameAnimation in QML calls
+// update()); the geometry for a frame is made by the static fill functions,
+// which the benchmarks time.
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QColor>
+#include <QPointer>
+#include <QQuickItem>
+#include <vector>
+
+#include "tuners/PitchTrace.h"
+#include "tuners/StrobeBand.h"
+#include "tuners/ui/TunerChromatic.h"
+
+class QSGGeometry;
+
+namespace zt {
+
+// Rows of dark stripes, each row twice as fast as the one under it, so the
+// top row shows the smallest drift first.
+class StrobeBandItem : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(zt::TunerChromatic* screen MEMBER screen_ NOTIFY changed)
+    Q_PROPERTY(int rows MEMBER rows_ NOTIFY changed)
+    // One dark and one light stripe, in the item's units.
+    Q_PROPERTY(qreal period MEMBER period_ NOTIFY changed)
+    Q_PROPERTY(qreal rowGap MEMBER rowGap_ NOTIFY changed)
+    Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
+
+public:
+    explicit StrobeBandItem(QQuickItem* parent = nullptr);
+
+    // Triangles for the stripes of `rows` rows filling width x height, with
+    // `gap` between rows, at the band's `phase`.
+    static void fill(QSGGeometry& geometry, double phase, int rows, float width, float height,
+                     float period, float gap, std::vector<StrobeBand::Stripe>& scratch);
+
+signals:
+    void changed();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData*) override;
+
+private:
+    QPointer<TunerChromatic> screen_;
+    int rows_ = 3;
+    qreal period_ = 32;
+    qreal rowGap_ = 4;
+    QColor color_{Qt::black};
+    std::vector<StrobeBand::Stripe> scratch_;
+};
+
+// The last ten seconds of cents, newest at the right edge, with the band of
+// +-5 cents shaded and the note's line across the middle.
+class PitchTraceItem : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(zt::TunerChromatic* screen MEMBER screen_ NOTIFY changed)
+    Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
+    Q_PROPERTY(QColor bandColor MEMBER bandColor_ NOTIFY changed)
+    Q_PROPERTY(qreal lineWidth MEMBER lineWidth_ NOTIFY changed)
+
+public:
+    explicit PitchTraceItem(QQuickItem* parent = nullptr);
+
+    // Triangles drawing each line piece `lineWidth` thick.
+    static void fill(QSGGeometry& geometry, const std::vector<PitchTrace::Point>& pieces,
+                     float lineWidth);
+
+signals:
+    void changed();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData*) override;
+
+private:
+    QPointer<TunerChromatic> screen_;
+    QColor color_{Qt::white};
+    QColor bandColor_{Qt::darkGreen};
+    qreal lineWidth_ = 2;
+    std::vector<PitchTrace::Point> pieces_;
+};
+
+}  // namespace zt
