@@ -1,14 +1,17 @@
 // The chromatic tuner's practice views, frame by frame: what each costs the
 // program to make one frame at the display's rate (60 a second here), with a
 // reading every third frame as the tuner's 20 polls a second give. The
-// strobe band moves on and makes its three rows of stripes; the pitch
-// history, ten seconds full of readings with gaps and changes of note, makes
-// its lines and their triangles. The argument is the band's width in pixels:
-// 288 on a 320 x 480 window, 720 and 1280 for larger ones. Uploading and
-// drawing the triangles is the graphics card's and is not counted here.
+// strobe band moves on and lays out its three rows of stripes (the scene
+// graph then draws one rectangle each); the pitch history, ten seconds full
+// of readings with gaps and changes of note, makes its lines and paints them,
+// antialiased, into a picture of the view's size. The argument is the view's
+// width in pixels: 288 on a 320 x 480 window, 720 and 1280 for larger ones.
+// Drawing the rectangles and the picture on screen is the renderer's and is
+// not counted here.
 #include <benchmark/benchmark.h>
 
-#include <QSGGeometry>
+#include <QImage>
+#include <QPainter>
 #include <cmath>
 #include <vector>
 
@@ -32,22 +35,21 @@ void strobeFrame(benchmark::State& state) {
     const auto width = static_cast<float>(state.range(0));
     const float unit = width / 288.0f;
     StrobeBand band;
-    QSGGeometry geometry(QSGGeometry::defaultAttributes_Point2D(), 0);
-    geometry.setDrawingMode(QSGGeometry::DrawTriangles);
     std::vector<StrobeBand::Stripe> scratch;
+    std::vector<QRectF> rects;
     int frame = 0;
     double now = 0.0;
     for (auto _ : state) {
         if (frame % 3 == 0)
             band.reading(cents(frame), now);
         const double phase = band.advance(now);
-        StrobeBandItem::fill(geometry, phase, 3, width, 84.0f * unit, 32.0f * unit, 4.0f * unit,
-                             scratch);
-        benchmark::DoNotOptimize(geometry.vertexData());
+        StrobeBandItem::layout(phase, 3, width, 84.0f * unit, 32.0f * unit, 4.0f * unit, scratch,
+                               rects);
+        benchmark::DoNotOptimize(rects.data());
         ++frame;
         now += kFrame;
     }
-    state.counters["vertices"] = geometry.vertexCount();
+    state.counters["stripes"] = static_cast<double>(rects.size());
 }
 
 void traceFrame(benchmark::State& state) {
@@ -63,8 +65,9 @@ void traceFrame(benchmark::State& state) {
         else
             trace.add(t, cents(i), 40 + i / 50);
     }
-    QSGGeometry geometry(QSGGeometry::defaultAttributes_Point2D(), 0);
-    geometry.setDrawingMode(QSGGeometry::DrawTriangles);
+    const float height = 88.0f * width / 288.0f;
+    QImage picture(static_cast<int>(width), static_cast<int>(height),
+                   QImage::Format_ARGB32_Premultiplied);
     std::vector<PitchTrace::Point> pieces;
     int frame = 0;
     for (auto _ : state) {
@@ -72,9 +75,13 @@ void traceFrame(benchmark::State& state) {
             trace.add(t, cents(frame), 40);
             t += 0.05;
         }
-        trace.lines(t, width, 88.0f * width / 288.0f, pieces);
-        PitchTraceItem::fill(geometry, pieces, 2.0f);
-        benchmark::DoNotOptimize(geometry.vertexData());
+        trace.lines(t, width, height, pieces);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        PitchTraceItem::draw(painter, pieces, width, height, QColor("#F5C00E"), QColor("#2E4A2A"),
+                             2.0f * width / 288.0f);
+        painter.end();
+        benchmark::DoNotOptimize(picture.constBits());
         ++frame;
     }
     state.counters["pieces"] = static_cast<double>(pieces.size() / 2);

@@ -1,23 +1,27 @@
 #pragma once
-// The chromatic tuner's practice views as scene-graph items: the strobe
-// band and the pitch history, drawn from the TunerChromatic screen's
-// StrobeBand and PitchTrace at the time of each frame. The views ask for a
-// frame each time the display refreshes (a FrameAnimation in QML calls
-// update()); the geometry for a frame is made by the static fill functions,
-// which the benchmarks time.
+// The chromatic tuner's practice views: the strobe band and the pitch
+// history, drawn from the TunerChromatic screen's StrobeBand and PitchTrace
+// at the time of each frame. The views ask for a frame each time the display
+// refreshes (a FrameAnimation in QML calls update()). The band is made of
+// rectangle nodes and the history is painted, so that both draw with the
+// software renderer too (no graphics card, or the screenshots); the static
+// functions make a frame's rectangles and picture, which the benchmarks
+// time.
 
 #include <QtQml/qqmlregistration.h>
 
 #include <QColor>
 #include <QPointer>
 #include <QQuickItem>
+#include <QQuickPaintedItem>
+#include <QRectF>
 #include <vector>
 
 #include "tuners/PitchTrace.h"
 #include "tuners/StrobeBand.h"
 #include "tuners/ui/TunerChromatic.h"
 
-class QSGGeometry;
+class QPainter;
 
 namespace zt {
 
@@ -36,10 +40,10 @@ class StrobeBandItem : public QQuickItem {
 public:
     explicit StrobeBandItem(QQuickItem* parent = nullptr);
 
-    // Triangles for the stripes of `rows` rows filling width x height, with
-    // `gap` between rows, at the band's `phase`.
-    static void fill(QSGGeometry& geometry, double phase, int rows, float width, float height,
-                     float period, float gap, std::vector<StrobeBand::Stripe>& scratch);
+    // The stripes of `rows` rows filling width x height, with `gap` between
+    // rows, at the band's `phase`. Replaces out's contents.
+    static void layout(double phase, int rows, float width, float height, float period, float gap,
+                       std::vector<StrobeBand::Stripe>& scratch, std::vector<QRectF>& out);
 
 signals:
     void changed();
@@ -54,11 +58,12 @@ private:
     qreal rowGap_ = 4;
     QColor color_{Qt::black};
     std::vector<StrobeBand::Stripe> scratch_;
+    std::vector<QRectF> rects_;
 };
 
 // The last ten seconds of cents, newest at the right edge, with the band of
 // +-5 cents shaded and the note's line across the middle.
-class PitchTraceItem : public QQuickItem {
+class PitchTraceItem : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(zt::TunerChromatic* screen MEMBER screen_ NOTIFY changed)
@@ -69,15 +74,14 @@ class PitchTraceItem : public QQuickItem {
 public:
     explicit PitchTraceItem(QQuickItem* parent = nullptr);
 
-    // Triangles drawing each line piece `lineWidth` thick.
-    static void fill(QSGGeometry& geometry, const std::vector<PitchTrace::Point>& pieces,
-                     float lineWidth);
+    // The trace of `pieces` (PitchTrace::lines) in a box width x height.
+    static void draw(QPainter& painter, const std::vector<PitchTrace::Point>& pieces, float width,
+                     float height, const QColor& color, const QColor& band, float lineWidth);
+
+    void paint(QPainter* painter) override;
 
 signals:
     void changed();
-
-protected:
-    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData*) override;
 
 private:
     QPointer<TunerChromatic> screen_;

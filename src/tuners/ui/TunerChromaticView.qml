@@ -103,43 +103,50 @@ Rectangle {
             }
         }
 
-        ArrowView {
-            id: needle
+        // With the pitch history on show the needle shows above it only.
+        Item {
+            width: stage.width
+            height: view.screen.pitchHistory ? 218 * view.unit : stage.height
+            clip: view.screen.pitchHistory
 
-            // The angle on show, in degrees clockwise.
-            property real angle: 0
+            ArrowView {
+                id: needle
 
-            objectName: "needle"
-            visible: !view.screen.strobeView
-            unit: view.unit
-            x: (view.pivotX - bladeWidth / 2) * view.unit
-            y: (view.pivotY - bladeLength) * view.unit
-            transform: Rotation {
-                origin.x: needle.bladeWidth / 2 * view.unit
-                origin.y: needle.bladeLength * view.unit
-                angle: needle.angle
-            }
+                // The angle on show, in degrees clockwise.
+                property real angle: 0
 
-            NumberAnimation {
-                id: swing
-                target: needle
-                property: "angle"
-                easing.type: Easing.Linear
-            }
-            Connections {
-                target: view.screen
-                function onNeedleMoved() {
-                    swing.stop()
-                    const to = view.screen.needleAngle * 180 / Math.PI
-                    const ms = Math.round(view.screen.needleSeconds * 1000)
-                    if (ms <= 0) {
-                        needle.angle = to
-                        return
+                objectName: "needle"
+                visible: !view.screen.strobeView
+                unit: view.unit
+                x: (view.pivotX - bladeWidth / 2) * view.unit
+                y: (view.pivotY - bladeLength) * view.unit
+                transform: Rotation {
+                    origin.x: needle.bladeWidth / 2 * view.unit
+                    origin.y: needle.bladeLength * view.unit
+                    angle: needle.angle
+                }
+
+                NumberAnimation {
+                    id: swing
+                    target: needle
+                    property: "angle"
+                    easing.type: Easing.Linear
+                }
+                Connections {
+                    target: view.screen
+                    function onNeedleMoved() {
+                        swing.stop()
+                        const to = view.screen.needleAngle * 180 / Math.PI
+                        const ms = Math.round(view.screen.needleSeconds * 1000)
+                        if (ms <= 0) {
+                            needle.angle = to
+                            return
+                        }
+                        swing.from = needle.angle
+                        swing.to = to
+                        swing.duration = ms
+                        swing.start()
                     }
-                    swing.from = needle.angle
-                    swing.to = to
-                    swing.duration = ms
-                    swing.start()
                 }
             }
         }
@@ -176,7 +183,7 @@ Rectangle {
             x: 8 * view.unit
             y: 218 * view.unit
             width: 304 * view.unit
-            height: 96 * view.unit
+            height: 102 * view.unit
         }
 
         // The frequency, its right edge a little right of the centre, and
