@@ -1,17 +1,15 @@
 // The chromatic tuner's practice views, frame by frame: what each costs the
 // program to make one frame at the display's rate (60 a second here), with a
 // reading every third frame as the tuner's 20 polls a second give. The
-// strobe band moves on and lays out its three rows of stripes (the scene
-// graph then draws one rectangle each); the pitch history, ten seconds full
-// of readings with gaps and changes of note, makes its lines and paints them,
-// antialiased, into a picture of the view's size. The argument is the view's
-// width in pixels: 288 on a 320 x 480 window, 720 and 1280 for larger ones.
-// Drawing the rectangles and the picture on screen is the renderer's and is
-// not counted here.
+// strobe band moves on and lays out its three rows of stripes; the pitch
+// history, ten seconds full of readings with gaps and changes of note, makes
+// its lines and their rectangles; each then sets its rectangle nodes, as the
+// views do. The argument is the view's width in pixels: 288 on a 320 x 480
+// window, 720 and 1280 for larger ones. Drawing the nodes is the renderer's
+// and is not counted here.
 #include <benchmark/benchmark.h>
 
-#include <QImage>
-#include <QPainter>
+#include <QSGSimpleRectNode>
 #include <cmath>
 #include <vector>
 
@@ -37,6 +35,9 @@ void strobeFrame(benchmark::State& state) {
     StrobeBand band;
     std::vector<StrobeBand::Stripe> scratch;
     std::vector<QRectF> rects;
+    QSGNode root;
+    for (int i = 0; i < 3 * StrobeBandItem::kStripesPerRow; ++i)
+        root.appendChildNode(new QSGSimpleRectNode);
     int frame = 0;
     double now = 0.0;
     for (auto _ : state) {
@@ -45,7 +46,7 @@ void strobeFrame(benchmark::State& state) {
         const double phase = band.advance(now);
         StrobeBandItem::layout(phase, 3, width, 84.0f * unit, 32.0f * unit, 4.0f * unit, scratch,
                                rects);
-        benchmark::DoNotOptimize(rects.data());
+        zt::syncRects<QSGSimpleRectNode>(root, 0, rects, Qt::black);
         ++frame;
         now += kFrame;
     }
@@ -66,9 +67,11 @@ void traceFrame(benchmark::State& state) {
             trace.add(t, cents(i), 40 + i / 50);
     }
     const float height = 88.0f * width / 288.0f;
-    QImage picture(static_cast<int>(width), static_cast<int>(height),
-                   QImage::Format_ARGB32_Premultiplied);
     std::vector<PitchTrace::Point> pieces;
+    std::vector<QRectF> rects;
+    QSGNode root;
+    for (std::size_t i = 0; i < PitchTrace::kCapacity; ++i)
+        root.appendChildNode(new QSGSimpleRectNode);
     int frame = 0;
     for (auto _ : state) {
         if (frame % 3 == 0) {
@@ -76,12 +79,8 @@ void traceFrame(benchmark::State& state) {
             t += 0.05;
         }
         trace.lines(t, width, height, pieces);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        PitchTraceItem::draw(painter, pieces, width, height, QColor("#F5C00E"), QColor("#2E4A2A"),
-                             2.0f * width / 288.0f);
-        painter.end();
-        benchmark::DoNotOptimize(picture.constBits());
+        PitchTraceItem::layout(pieces, 2.0f * width / 288.0f, rects);
+        zt::syncRects<QSGSimpleRectNode>(root, 0, rects, Qt::yellow);
         ++frame;
     }
     state.counters["pieces"] = static_cast<double>(pieces.size() / 2);

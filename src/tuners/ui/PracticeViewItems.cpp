@@ -1,6 +1,5 @@
 #include "tuners/ui/PracticeViewItems.h"
 
-#include <QPainter>
 #include <QQuickWindow>
 #include <QSGRectangleNode>
 #include <cmath>
@@ -28,58 +27,66 @@ void StrobeBandItem::layout(double phase, int rows, float width, float height, f
 }
 
 QSGNode* StrobeBandItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
-    QSGNode* root = old ? old : new QSGNode;
+    QSGNode* root = old;
+    if (!root) {
+        root = new QSGNode;
+        for (int i = 0; i < std::max(rows_, 1) * kStripesPerRow; ++i)
+            root->appendChildNode(window()->createRectangleNode());
+    }
     // Moved on to this frame while the screen's thread waits for the frame.
     const double phase = screen_ ? screen_->strobe().advance(screen_->clockSeconds()) : 0.0;
     layout(phase, rows_, static_cast<float>(width()), static_cast<float>(height()),
            static_cast<float>(period_), static_cast<float>(rowGap_), scratch_, rects_);
-    // One rectangle node per stripe, kept from frame to frame.
-    const int wanted = static_cast<int>(rects_.size());
-    while (root->childCount() < wanted)
-        root->appendChildNode(window()->createRectangleNode());
-    while (root->childCount() > wanted) {
-        QSGNode* last = root->lastChild();
-        root->removeChildNode(last);
-        delete last;
-    }
-    QSGNode* child = root->firstChild();
-    for (const QRectF& r : rects_) {
-        auto* node = static_cast<QSGRectangleNode*>(child);
-        node->setRect(r);
-        node->setColor(color_);
-        child = child->nextSibling();
-    }
+    syncRects<QSGRectangleNode>(*root, 0, rects_, color_);
     return root;
 }
 
-PitchTraceItem::PitchTraceItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
-    setAntialiasing(true);
-    connect(this, &PitchTraceItem::changed, this, [this] { update(); });
+PitchTraceItem::PitchTraceItem(QQuickItem* parent) : QQuickItem(parent) {
+    setFlag(ItemHasContents);
+    setClip(true);
+    connect(this, &PitchTraceItem::changed, this, &QQuickItem::update);
 }
 
-void PitchTraceItem::draw(QPainter& painter, const std::vector<PitchTrace::Point>& pieces,
-                          float width, float height, const QColor& color, const QColor& band,
-                          float lineWidth) {
-    const float top = PitchTrace::yFor(PitchTrace::kBandCents, height);
-    const float bottom = PitchTrace::yFor(-PitchTrace::kBandCents, height);
-    painter.fillRect(QRectF(0, top, width, bottom - top), band);
-    painter.fillRect(QRectF(0, height / 2 - 0.5f, width, 1), color.darker(200));
-    painter.setClipRect(QRectF(0, 0, width, height));
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    for (std::size_t i = 0; i + 1 < pieces.size(); i += 2)
-        painter.drawLine(QPointF(pieces[i].x, pieces[i].y),
-                         QPointF(pieces[i + 1].x, pieces[i + 1].y));
+void PitchTraceItem::layout(const std::vector<PitchTrace::Point>& pieces, float lineWidth,
+                            std::vector<QRectF>& out) {
+    out.clear();
+    const float half = lineWidth / 2.0f;
+    for (std::size_t i = 0; i + 1 < pieces.size(); i += 2) {
+        const PitchTrace::Point a = pieces[i];
+        const PitchTrace::Point b = pieces[i + 1];
+        const float top = std::min(a.y, b.y) - half;
+        const float bottom = std::max(a.y, b.y) + half;
+        out.emplace_back(a.x, top, std::max(b.x - a.x, 1.0f), bottom - top);
+    }
 }
 
-void PitchTraceItem::paint(QPainter* painter) {
+QSGNode* PitchTraceItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     const auto w = static_cast<float>(width());
     const auto h = static_cast<float>(height());
+    QSGNode* root = old;
+    if (!root) {
+        root = new QSGNode;
+        root->appendChildNode(window()->createRectangleNode());  // the in-tune band
+        root->appendChildNode(window()->createRectangleNode());  // the note's line
+        // A piece for each reading kept, at most.
+        for (std::size_t i = 0; i < PitchTrace::kCapacity; ++i)
+            root->appendChildNode(window()->createRectangleNode());
+    }
+    auto* band = static_cast<QSGRectangleNode*>(root->childAtIndex(0));
+    auto* centre = static_cast<QSGRectangleNode*>(root->childAtIndex(1));
+    const float top = PitchTrace::yFor(PitchTrace::kBandCents, h);
+    const float bottom = PitchTrace::yFor(-PitchTrace::kBandCents, h);
+    band->setRect(QRectF(0, top, w, bottom - top));
+    band->setColor(bandColor_);
+    centre->setRect(QRectF(0, h / 2 - 0.5f, w, 1));
+    centre->setColor(color_.darker(200));
     if (screen_)
         screen_->trace().lines(screen_->clockSeconds(), w, h, pieces_);
     else
         pieces_.clear();
-    draw(*painter, pieces_, w, h, color_, bandColor_, static_cast<float>(lineWidth_));
+    layout(pieces_, static_cast<float>(lineWidth_), rects_);
+    syncRects<QSGRectangleNode>(*root, 2, rects_, color_);
+    return root;
 }
 
 }  // namespace zt

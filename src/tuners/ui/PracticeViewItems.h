@@ -2,33 +2,57 @@
 // The chromatic tuner's practice views: the strobe band and the pitch
 // history, drawn from the TunerChromatic screen's StrobeBand and PitchTrace
 // at the time of each frame. The views ask for a frame each time the display
-// refreshes (a FrameAnimation in QML calls update()). The band is made of
-// rectangle nodes and the history is painted, so that both draw with the
-// software renderer too (no graphics card, or the screenshots); the static
-// functions make a frame's rectangles and picture, which the benchmarks
-// time.
+// refreshes (a FrameAnimation in QML calls update()). Both are made of
+// rectangle nodes, kept from frame to frame, so that they draw with the
+// software renderer too (no graphics card, or the screenshots) and cost no
+// picture to paint and upload; the static functions make a frame's
+// rectangles, which the benchmarks time with syncRects.
 
 #include <QtQml/qqmlregistration.h>
 
 #include <QColor>
 #include <QPointer>
 #include <QQuickItem>
-#include <QQuickPaintedItem>
 #include <QRectF>
+#include <QSGNode>
 #include <vector>
 
 #include "tuners/PitchTrace.h"
 #include "tuners/StrobeBand.h"
 #include "tuners/ui/TunerChromatic.h"
 
-class QPainter;
-
 namespace zt {
+
+// Sets `root`'s children from the `first` on to the rectangles `rects` in
+// `color`, one node each; the children beyond are left empty. The nodes are
+// all made with the root (see the items): the software renderer draws a
+// node added to a root already on show without the item's position.
+// Rectangles beyond the nodes there are are left out.
+template <class Node>
+void syncRects(QSGNode& root, int first, const std::vector<QRectF>& rects, const QColor& color) {
+    QSGNode* child = root.childAtIndex(first);
+    for (const QRectF& r : rects) {
+        if (!child)
+            return;
+        auto* node = static_cast<Node*>(child);
+        node->setRect(r);
+        if (node->color() != color)
+            node->setColor(color);
+        child = child->nextSibling();
+    }
+    for (; child; child = child->nextSibling()) {
+        auto* node = static_cast<Node*>(child);
+        if (!node->rect().isEmpty())
+            node->setRect(QRectF());
+    }
+}
 
 // Rows of dark stripes, each row twice as fast as the one under it, so the
 // top row shows the smallest drift first.
 class StrobeBandItem : public QQuickItem {
     Q_OBJECT
+    // Stripes a row can hold: 64, enough for a period down to a 60th of
+    // the band's width.
     QML_ELEMENT
     Q_PROPERTY(zt::TunerChromatic* screen MEMBER screen_ NOTIFY changed)
     Q_PROPERTY(int rows MEMBER rows_ NOTIFY changed)
@@ -38,6 +62,8 @@ class StrobeBandItem : public QQuickItem {
     Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
 
 public:
+    static constexpr int kStripesPerRow = 64;
+
     explicit StrobeBandItem(QQuickItem* parent = nullptr);
 
     // The stripes of `rows` rows filling width x height, with `gap` between
@@ -63,7 +89,7 @@ private:
 
 // The last ten seconds of cents, newest at the right edge, with the band of
 // +-5 cents shaded and the note's line across the middle.
-class PitchTraceItem : public QQuickPaintedItem {
+class PitchTraceItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(zt::TunerChromatic* screen MEMBER screen_ NOTIFY changed)
@@ -74,14 +100,18 @@ class PitchTraceItem : public QQuickPaintedItem {
 public:
     explicit PitchTraceItem(QQuickItem* parent = nullptr);
 
-    // The trace of `pieces` (PitchTrace::lines) in a box width x height.
-    static void draw(QPainter& painter, const std::vector<PitchTrace::Point>& pieces, float width,
-                     float height, const QColor& color, const QColor& band, float lineWidth);
-
-    void paint(QPainter* painter) override;
+    // The trace of `pieces` (PitchTrace::lines), `lineWidth` thick: each
+    // piece spans a reading's step of a few pixels, so it is drawn as the
+    // rectangle around it, its ends widened by half the line's width.
+    // Replaces out's contents.
+    static void layout(const std::vector<PitchTrace::Point>& pieces, float lineWidth,
+                       std::vector<QRectF>& out);
 
 signals:
     void changed();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData*) override;
 
 private:
     QPointer<TunerChromatic> screen_;
@@ -89,6 +119,7 @@ private:
     QColor bandColor_{Qt::darkGreen};
     qreal lineWidth_ = 2;
     std::vector<PitchTrace::Point> pieces_;
+    std::vector<QRectF> rects_;
 };
 
 }  // namespace zt
