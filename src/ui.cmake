@@ -34,6 +34,8 @@ qt_add_qml_module(zt_ui
   VERSION 1.0
   RESOURCE_PREFIX /
   OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/ZebTools
+  # Items made in C++ (QQuickItem) are QtQuick's types to the tools.
+  DEPENDENCIES QtQuick
   SOURCES ${ZT_UI_SOURCES}
   QML_FILES ${ZT_QML_FILES}
   NO_PLUGIN_OPTIONAL

@@ -58,6 +58,13 @@ Screen* makeChordsLibrarySettings(const Tools& shell, const ScreenEngines&) {
     return new ChordsLibrarySettings(shell.screenAs<ChordsLibrary>("chordsLibrary"));
 }
 
+// The chromatic tuner's pitch pipe plays the by-ear tuner's strings.
+Screen* makeTunerChromatic(const Tools&, const ScreenEngines& engines) {
+    auto* tuner = new TunerChromatic();
+    tuner->setToneOutput(&engines.brain);
+    return tuner;
+}
+
 Screen* makeTunerBrain(const Tools&, const ScreenEngines& engines) {
     return new TunerBrain(engines.brain);
 }
@@ -97,7 +104,7 @@ const std::vector<ScreenRow>& screenTable() {
          {{"ShowTunerChromaticTuning", ChromaticTab},
           {"ShowTunerBrainTuning", BrainTab},
           {"ShowChordsTuning", ChordsTab}}},
-        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, make<TunerChromatic>,
+        {"tunerChromatic", "Chromatic Tuner", ChromaticTab, makeTunerChromatic,
          mediate<TunerChromaticMediator>, "tuners/ui/TunerChromaticView.qml"},
         {"tunerBrain", "Brain Tuner", BrainTab, makeTunerBrain, mediate<TunerBrainMediator>,
          "tuners/ui/TunerBrainView.qml"},

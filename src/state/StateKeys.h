@@ -68,6 +68,10 @@ inline constexpr IntKey kTreshold{"Treshold", 10, 0, 100};
 // fine one, and the capture device by name (empty: the system's default).
 inline constexpr BoolKey kClassicDetection{"ClassicDetection", false};
 inline constexpr TextKey kInputDevice{"InputDevice", ""};
+// Also our own: the strobe band in place of the needle, and the pitch
+// history on the tuner. Off unless chosen.
+inline constexpr BoolKey kStrobeView{"StrobeView", false};
+inline constexpr BoolKey kPitchHistory{"PitchHistory", false};
 }  // namespace chromatic
 
 namespace brain {

@@ -13,6 +13,10 @@ public:
     // by `semitones`, once or repeated until stopped. A new tone on a string
     // cuts the one it was playing; different strings ring together.
     virtual void playString(int stringNumber, int semitones, bool loop) = 0;
+    // The same at any speed: `speed` times the recording's own (a pitch
+    // 2^(semitones/12) is playString's), for notes between the semitones of
+    // equal temperament at A4 = 440 Hz, such as another concert pitch's.
+    virtual void playStringAt(int stringNumber, double speed, bool loop) = 0;
     // Silences the string; nothing when it is silent.
     virtual void stopString(int stringNumber) = 0;
 

@@ -35,6 +35,11 @@ void StringTonePlayer::playString(int stringNumber, int semitones, bool loop) {
         tones_.play(stringNumber, semitones, loop);
 }
 
+void StringTonePlayer::playStringAt(int stringNumber, double speed, bool loop) {
+    if (ensureStream())
+        tones_.playAt(stringNumber, speed, loop);
+}
+
 void StringTonePlayer::stopString(int stringNumber) {
     if (streaming_)
         tones_.stop(stringNumber);

@@ -25,6 +25,7 @@ public:
     StringTonePlayer& operator=(const StringTonePlayer&) = delete;
 
     void playString(int stringNumber, int semitones, bool loop) override;
+    void playStringAt(int stringNumber, double speed, bool loop) override;
     void stopString(int stringNumber) override;
     // Stops the stream once every string is silent and has been heard.
     bool releaseWhenSilent() override;

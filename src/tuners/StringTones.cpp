@@ -16,9 +16,13 @@ void StringTones::reset() {
 }
 
 bool StringTones::play(int stringNumber, int semitones, bool loop) {
-    if (stringNumber < 1 || stringNumber > kStrings)
+    return playAt(stringNumber, std::exp2(semitones / 12.0), loop);
+}
+
+bool StringTones::playAt(int stringNumber, double speed, bool loop) {
+    if (stringNumber < 1 || stringNumber > kStrings || !(speed > 0.0) || !std::isfinite(speed))
         return false;
-    if (commands_.push({stringNumber, false, loop, std::exp2(semitones / 12.0)}))
+    if (commands_.push({stringNumber, false, loop, speed}))
         return true;
     log("by-ear tuner: tone queue full, tone dropped");
     return false;

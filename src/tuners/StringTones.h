@@ -40,6 +40,8 @@ public:
     // Control thread; string 1 to 6. False when the queue is full (the
     // render thread has stopped taking commands) and the command is dropped.
     bool play(int stringNumber, int semitones, bool loop);
+    // At `speed` times the recording's own (positive and finite).
+    bool playAt(int stringNumber, double speed, bool loop);
     bool stop(int stringNumber);
 
     // Render thread: fills out[0..frames) with mono samples.

@@ -55,14 +55,19 @@ protected:
 };
 
 TEST_F(StringTonesTest, AToneOnceIsTheRecordingTransposedAndThenSilence) {
+    // By semitones, or (bySpeed) at the factor itself, as for another
+    // concert pitch.
     struct Case {
         int semitones;
         double factor;
+        bool bySpeed = false;
     };
-    for (const Case c : {Case{0, 1.0}, Case{-2, 0.890899}, Case{-5, 0.749154}, Case{7, 1.498307}}) {
+    for (const Case c : {Case{0, 1.0}, Case{-2, 0.890899}, Case{-5, 0.749154}, Case{7, 1.498307},
+                         Case{0, 443.0 / 440.0, true}, Case{0, 0.943874, true}}) {
         out.clear();
         tones.reset();
-        tones.play(6, c.semitones, false);
+        EXPECT_TRUE(c.bySpeed ? tones.playAt(6, c.factor, false)
+                              : tones.play(6, c.semitones, false));
         render(1.0);
         const double hertz =
             toneFrequency(std::span<const float>(out).subspan(0, 10000), kRate, 100.0 * c.factor);
@@ -72,6 +77,13 @@ TEST_F(StringTonesTest, AToneOnceIsTheRecordingTransposedAndThenSilence) {
                     StringTones::kGain / std::sqrt(2.0), 1e-3);
         EXPECT_TRUE(tones.isSilent());
     }
+}
+
+TEST_F(StringTonesTest, NoSpeedIsNoTone) {
+    for (double speed : {0.0, -1.0, std::nan("")})
+        EXPECT_FALSE(tones.playAt(2, speed, true)) << speed;
+    render(0.1);
+    EXPECT_TRUE(tones.isSilent());
 }
 
 TEST_F(StringTonesTest, ALoopedToneGoesOnUntilItsStringIsStoppedAtTheNextBlock) {

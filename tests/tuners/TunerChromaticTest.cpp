@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "RecordingToneOutput.h"
 #include "dsp/FakeCapture.h"
 #include "sound/MediaProxy.h"
 #include "state/StateCommands.h"
@@ -443,4 +444,108 @@ TEST_F(TunerChromaticTest, MissingMicrophoneAlertsOnceAndRecovers) {
     EXPECT_FALSE(screen.polling());
     screen.viewDidDisappear();
     EXPECT_FALSE(screen.microphoneAlert());
+}
+
+// The pitch pipe: each slot's note at the saved concert pitch, from the
+// nearest recorded string.
+TEST_F(TunerChromaticTest, TouchingASlotPlaysItsNoteAtTheConcertPitch) {
+    // Each row saves every key it depends on: saves merge into the section.
+    const Dictionary a440{{"AllNotes", false}, {"baseFrequency", 0.0}};
+    const Dictionary a443{{"AllNotes", false}, {"baseFrequency", 443.0}};
+    const Dictionary all440{{"AllNotes", true}, {"baseFrequency", 0.0}};
+    const Dictionary all443{{"AllNotes", true}, {"baseFrequency", 443.0}};
+    const struct {
+        Dictionary saved;
+        int slot;
+        const char* play;
+        const char* text;
+    } rows[] = {
+        {a440, 0, "play 6 x1.000000 loop", "E2  82.4 Hz"},
+        {a440, 4, "play 2 x1.000000 loop", "B3  246.9 Hz"},
+        {a443, 5, "play 1 x1.006818 loop", "E4  331.9 Hz"},
+        {a443, 1, "play 5 x1.006818 loop", "A2  110.8 Hz"},
+        // All notes, nothing heard: the window C to F in octave 4.
+        {all440, 3, "play 1 x0.943874 loop", "D#4  311.1 Hz"},
+        {all443, 0, "play 2 x1.066687 loop", "C4  263.4 Hz"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        test::RecordingToneOutput tones;
+        screen.setToneOutput(&tones);
+        showWith(row.saved);
+        screen.touchSlot(row.slot);
+        EXPECT_EQ(screen.toneSlot(), row.slot);
+        EXPECT_EQ(screen.toneText().toStdString(), row.text);
+        EXPECT_EQ(tones.calls, std::vector<std::string>{row.play});
+        screen.touchSlot(row.slot);
+        EXPECT_EQ(screen.toneSlot(), -1);
+        EXPECT_EQ(tones.calls.size(), 2u);
+        screen.viewDidDisappear();
+        screen.setToneOutput(nullptr);
+    }
+}
+
+TEST_F(TunerChromaticTest, ListeningPausesWhileThePipeSoundsAndSpaceWorksIt) {
+    test::RecordingToneOutput tones;
+    screen.setToneOutput(&tones);
+    screen.viewWillAppear();
+    screen.showNoteAndFreq(note("A2", 1, 111.0, 15.7, 110.0));
+    EXPECT_EQ(screen.activeSlot(), 1);
+    EXPECT_FALSE(screen.keyPressed(Qt::Key_A));
+    // Space plays the string lit, A2.
+    EXPECT_TRUE(screen.keyPressed(Qt::Key_Space));
+    EXPECT_EQ(screen.toneSlot(), 1);
+    EXPECT_FALSE(screen.polling());
+    EXPECT_TRUE(frequency->isAudioSessionStop());
+    EXPECT_EQ(screen.frequencyText(), "");
+    EXPECT_EQ(screen.needleAngle(), 0.0);
+    // Another string cuts it and listening stays paused.
+    screen.touchSlot(0);
+    EXPECT_EQ(tones.calls, (std::vector<std::string>{"play 5 x1.000000 loop", "stop 5",
+                                                     "play 6 x1.000000 loop"}));
+    EXPECT_FALSE(screen.polling());
+    EXPECT_TRUE(screen.keyPressed(Qt::Key_Space));
+    EXPECT_EQ(screen.toneSlot(), -1);
+    EXPECT_TRUE(screen.polling());
+    EXPECT_FALSE(frequency->isAudioSessionStop());
+    // Leaving the screen stops the pipe without listening again.
+    screen.touchSlot(2);
+    screen.viewDidDisappear();
+    EXPECT_EQ(tones.calls.back(), "stop 4");
+    EXPECT_FALSE(screen.polling());
+    EXPECT_TRUE(frequency->isAudioSessionStop());
+}
+
+TEST_F(TunerChromaticTest, AllNotesPipeTakesTheOctaveOfTheNoteHeard) {
+    showWith({{"AllNotes", true}});
+    // G#2 heard: the window slides to keep it in slots 1 to 4.
+    screen.showNoteAndFreq(note("G#", 8, 104.0, 2.0, 103.83));
+    runFor(30);
+    const int lit = screen.activeSlot();
+    ASSERT_GE(lit, 1);
+    EXPECT_EQ(screen.slotPosition(lit), 32);
+    EXPECT_EQ(screen.slotPosition(lit + 1), 33);
+    EXPECT_EQ(screen.slotPosition(lit - 1), 31);
+    EXPECT_EQ(screen.slotPosition(6), -1);
+}
+
+TEST_F(TunerChromaticTest, DisplayChoicesAreOffUntilSavedAndFeedTheViews) {
+    showWith({});
+    EXPECT_FALSE(screen.strobeView());
+    EXPECT_FALSE(screen.pitchHistory());
+    showWith({{"StrobeView", true}, {"PitchHistory", true}});
+    EXPECT_TRUE(screen.strobeView());
+    EXPECT_TRUE(screen.pitchHistory());
+
+    screen.showNoteAndFreq(note("A2", 1, 111.0, 15.7, 110.0));
+    EXPECT_TRUE(screen.strobe().pitched());
+    EXPECT_DOUBLE_EQ(screen.strobe().shownCents(screen.clockSeconds()), 15.7);
+    screen.showNoteAndFreq(note("E2", 0, 82.5, 2.0, 82.41));
+    screen.showNoteAndFreq(note("E2", 0, -1.0, 2.0, 82.41));
+    EXPECT_FALSE(screen.strobe().pitched());
+    ASSERT_EQ(screen.trace().size(), 3u);
+    EXPECT_EQ(screen.trace().at(0).note, 33);
+    EXPECT_EQ(screen.trace().at(1).note, 28);
+    EXPECT_DOUBLE_EQ(screen.trace().at(1).cents, 2.0);
+    EXPECT_EQ(screen.trace().at(2).note, PitchTrace::kNoNote);
 }

@@ -97,6 +97,8 @@ TEST_F(TunerSettingsTest, EachSwitchSavesAtOnceKeepingTheOtherKeys) {
     EXPECT_TRUE(settings.linearScale());
     EXPECT_FALSE(settings.allNotes());
     EXPECT_FALSE(settings.classicDetection());
+    EXPECT_FALSE(settings.strobeView());
+    EXPECT_FALSE(settings.pitchHistory());
 
     const struct {
         void (TunerChromaticSettings::*flip)();
@@ -106,13 +108,22 @@ TEST_F(TunerSettingsTest, EachSwitchSavesAtOnceKeepingTheOtherKeys) {
         {&TunerChromaticSettings::switcherLSAction, "LinearScale", false},
         {&TunerChromaticSettings::switcherANAction, "AllNotes", true},
         {&TunerChromaticSettings::toggleClassicDetection, "ClassicDetection", true},
+        {&TunerChromaticSettings::togglePitchHistory, "PitchHistory", true},
         {&TunerChromaticSettings::switcherLSAction, "LinearScale", true},
     };
     for (const auto& f : flips) {
         (settings.*f.flip)();
         EXPECT_EQ(valueFor(section(), f.key), Value(f.value)) << f.key;
     }
-    EXPECT_EQ(saves(), 4);
+    EXPECT_EQ(saves(), 5);
+    // The display is a choice of two: choosing the one on show saves nothing.
+    settings.chooseStrobeView(false);
+    EXPECT_EQ(saves(), 5);
+    settings.chooseStrobeView(true);
+    EXPECT_EQ(valueFor(section(), "StrobeView"), Value(true));
+    settings.viewWillAppear();
+    EXPECT_TRUE(settings.strobeView());
+    EXPECT_TRUE(settings.pitchHistory());
     EXPECT_EQ(valueFor(section(), "Treshold"), Value(35));
     EXPECT_EQ(valueFor(section(), "AllNotes"), Value(true));
 

@@ -25,6 +25,7 @@ TunerChromatic::TunerChromatic(QObject* parent) : Screen(parent) {
     timerChangeNotes_.setSingleShot(true);
     timerChangeNotes_.setInterval(kPanelRefreshMs);
     connect(&timerChangeNotes_, &QTimer::timeout, this, &TunerChromatic::showNewNote);
+    setUpPractice();
 }
 
 void TunerChromatic::setDelegate(TunerChromaticDelegate* delegate) {
@@ -64,21 +65,6 @@ QVariantList TunerChromatic::scaleTicks() const {
     return ticks;
 }
 
-QString TunerChromatic::alertTitle() const {
-    return QStringLiteral("Microphone Required");
-}
-
-QString TunerChromatic::alertMessage() const {
-    return QStringLiteral(
-        "The chromatic tuner requires a microphone to work. If you are using a device which does "
-        "not include a built-in microphone, you must connect an external microphone via the "
-        "headset jack. Or, you can use the Brain tuner instead.");
-}
-
-QString TunerChromatic::alertButton() const {
-    return QStringLiteral("Ok");
-}
-
 double TunerChromatic::convertAngle(double cents) const {
     return dial::convertAngle(cents, linearScale_);
 }
@@ -100,6 +86,7 @@ void TunerChromatic::dismissMicrophoneAlert() {
 
 void TunerChromatic::setTuningArray(const std::vector<std::string>& notesStand) {
     panel_.setTuningArray(notesStand);
+    tuningStrings_ = notesStand;
     setTuningImages();
 }
 
@@ -134,6 +121,7 @@ void TunerChromatic::setSavedData(const Dictionary& data) {
     const bool linear = state::read(data, keys::kLinearScale);
     tresholdPercent_ = chromatic::tresholdPercent(data);
     classic_ = chromatic::classicDetection(data);
+    readDisplay(data);
     if (linear != linearScale_) {
         linearScale_ = linear;
         emit scaleChanged();
@@ -173,6 +161,7 @@ void TunerChromatic::viewDidDisappear() {
         microphoneAlert_ = false;
         emit microphoneAlertChanged();
     }
+    stopTone(false);
     stopTimer();
     if (delegate_) {
         delegate_->stopAudioSession();
@@ -200,6 +189,7 @@ void TunerChromatic::showNoteAndFreq(const NoteDescription& note) {
     setNotePanelIndex(note);
     updateLabel(note);
     rotationArrow(note);
+    recordReading(note);
 }
 
 void TunerChromatic::showMicrophoneDetectAlertView() {
@@ -209,6 +199,7 @@ void TunerChromatic::showMicrophoneDetectAlertView() {
     none.frequency = kNoPitch;
     rotationArrow(none);
     updateLabel(none);
+    recordReading(none);
     if (microphoneAlert_)
         return;
     microphoneAlert_ = true;

@@ -13,6 +13,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
+#include <QElapsedTimer>
 #include <QRectF>
 #include <QString>
 #include <QStringList>
@@ -23,10 +24,14 @@
 #include "dsp/NoteDescription.h"
 #include "framework/Value.h"
 #include "screen/Screen.h"
+#include "tuners/PitchTrace.h"
+#include "tuners/ReferenceTone.h"
+#include "tuners/StrobeBand.h"
 #include "tuners/ui/NotePanel.h"
 
 namespace zt {
 
+class StringToneOutput;
 class TunerChromaticDelegate;
 
 class TunerChromatic : public zt::Screen {
@@ -66,6 +71,12 @@ class TunerChromatic : public zt::Screen {
     Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
     Q_PROPERTY(QString alertMessage READ alertMessage CONSTANT)
     Q_PROPERTY(QString alertButton READ alertButton CONSTANT)
+    Q_PROPERTY(bool strobeView READ strobeView NOTIFY displayChanged)
+    Q_PROPERTY(bool pitchHistory READ pitchHistory NOTIFY displayChanged)
+    // The slot whose note the pitch pipe plays, or -1; and what it plays,
+    // "A4 443.0 Hz".
+    Q_PROPERTY(int toneSlot READ toneSlot NOTIFY toneChanged)
+    Q_PROPERTY(QString toneText READ toneText NOTIFY toneChanged)
 
 public:
     static constexpr int kPollMs = 50;
@@ -102,9 +113,33 @@ public:
     bool isAllNotes() const { return isAllNotes_; }
     bool polling() const { return startTuner_.isActive(); }
     bool microphoneAlert() const { return microphoneAlert_; }
-    QString alertTitle() const;
-    QString alertMessage() const;
-    QString alertButton() const;
+    QString alertTitle() const { return QStringLiteral("Microphone Required"); }
+    QString alertMessage() const {
+        return QStringLiteral(
+            "The chromatic tuner requires a microphone to work. If you are using a device which "
+            "does not include a built-in microphone, you must connect an external microphone via "
+            "the headset jack. Or, you can use the Brain tuner instead.");
+    }
+    QString alertButton() const { return QStringLiteral("Ok"); }
+
+    bool strobeView() const { return strobeView_; }
+    bool pitchHistory() const { return pitchHistory_; }
+    int toneSlot() const { return tone_.slot(); }
+    QString toneText() const { return toneText_; }
+    // The views' clock, in seconds: readings are stamped with it and the
+    // views draw by it.
+    double clockSeconds() const { return clock_.nsecsElapsed() / 1e9; }
+    StrobeBand& strobe() { return strobe_; }
+    const PitchTrace& trace() const { return trace_; }
+
+    // The by-ear tuner's strings, which the pitch pipe plays.
+    void setToneOutput(StringToneOutput* output) { tone_.setOutput(output); }
+    // Plays the note of `slot`, or stops it when it is the one sounding.
+    Q_INVOKABLE void touchSlot(int slot);
+    // Space: the pitch pipe, for the note lit (or the one played last).
+    bool keyPressed(int key) override;
+    // The note `slot` stands for, as 12 x octave + pitch class; -1 for none.
+    int slotPosition(int slot) const;
 
     // The needle's angle for `cents` by the chosen law (not clamped).
     Q_INVOKABLE double convertAngle(double cents) const;
@@ -144,6 +179,8 @@ signals:
     void scaleChanged();
     void pollingChanged();
     void microphoneAlertChanged();
+    void displayChanged();
+    void toneChanged();
 
 private:
     void startTunerAction();
@@ -156,6 +193,13 @@ private:
     void setVolume(double x, double width, double shown);
     void setPolling(bool on);
     void moveNeedle(double angle, double seconds);
+    // The practice views' share of the work, in TunerChromaticPractice.cpp.
+    void setUpPractice();
+    void readDisplay(const Dictionary& data);
+    void recordReading(const NoteDescription& note);
+    // Stops the pitch pipe; with `resume`, listening starts again if the
+    // pipe had paused it.
+    void stopTone(bool resume);
 
     TunerChromaticDelegate* delegate_ = nullptr;
     NotePanel panel_;
@@ -182,6 +226,21 @@ private:
     // Shown while there was no delegate to start listening with.
     bool appearPending_ = false;
     bool microphoneAlert_ = false;
+
+    bool strobeView_ = false;
+    bool pitchHistory_ = false;
+    std::vector<std::string> tuningStrings_;
+    // The last note heard, 12 x octave + pitch class; -1 before the first.
+    int heardPosition_ = -1;
+    int lastToneSlot_ = -1;
+    // The pitch pipe stopped the listening.
+    bool tonePaused_ = false;
+    QString toneText_;
+    QElapsedTimer clock_;
+    StrobeBand strobe_;
+    PitchTrace trace_;
+    ReferenceTone tone_;
+    QTimer releaseTimer_;
 
     double needleAngle_ = 0.0;
     double needleSeconds_ = 0.0;

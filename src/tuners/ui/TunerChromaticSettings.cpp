@@ -44,6 +44,8 @@ void TunerChromaticSettings::setSectionData(const Dictionary& data,
     const double a4 = chromatic::concertPitchOf(chromatic::baseNote(data));
     referenceText_ = QStringLiteral("A4 = %1 Hz").arg(a4, 0, 'f', 1);
     classic_ = chromatic::classicDetection(data);
+    strobeView_ = state::read(data, keys::kStrobeView);
+    pitchHistory_ = state::read(data, keys::kPitchHistory);
     device_ = chromatic::inputDevice(data);
     devices_ = std::move(devices);
     emit changed();
@@ -74,6 +76,22 @@ void TunerChromaticSettings::toggleClassicDetection() {
     emit changed();
     if (delegate_)
         delegate_->saveChromaticTunerSettings({{keys::kClassicDetection.name, classic_}});
+}
+
+void TunerChromaticSettings::chooseStrobeView(bool strobe) {
+    if (strobe == strobeView_)
+        return;
+    strobeView_ = strobe;
+    emit changed();
+    if (delegate_)
+        delegate_->saveChromaticTunerSettings({{keys::kStrobeView.name, strobeView_}});
+}
+
+void TunerChromaticSettings::togglePitchHistory() {
+    pitchHistory_ = !pitchHistory_;
+    emit changed();
+    if (delegate_)
+        delegate_->saveChromaticTunerSettings({{keys::kPitchHistory.name, pitchHistory_}});
 }
 
 void TunerChromaticSettings::chooseInput(int choice) {

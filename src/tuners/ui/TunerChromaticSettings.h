@@ -10,7 +10,8 @@
 // change made on the entry's own screen shows on coming back.
 // Below them, our own: "Classic detection" (the overtone detector instead of
 // the fine one) and, when there is more than one capture device, the choice
-// of the input device. Every switch and choice is saved at once; the tuner
+// of the input device; and the display: the needle or the strobe band, and
+// the pitch history. Every switch and choice is saved at once; the tuner
 // takes them up the next time it is shown. The QML view
 // (TunerChromaticSettingsView.qml) only draws this and forwards touches.
 
@@ -36,6 +37,8 @@ class TunerChromaticSettings : public zt::Screen {
     Q_PROPERTY(bool linearScale READ linearScale NOTIFY changed)
     Q_PROPERTY(bool allNotes READ allNotes NOTIFY changed)
     Q_PROPERTY(bool classicDetection READ classicDetection NOTIFY changed)
+    Q_PROPERTY(bool strobeView READ strobeView NOTIFY changed)
+    Q_PROPERTY(bool pitchHistory READ pitchHistory NOTIFY changed)
     Q_PROPERTY(QString tuningName READ tuningName NOTIFY changed)
     Q_PROPERTY(QString taperName READ taperName NOTIFY changed)
     Q_PROPERTY(QString sensitivityText READ sensitivityText NOTIFY changed)
@@ -58,6 +61,8 @@ public:
     bool linearScale() const { return linearScale_; }
     bool allNotes() const { return allNotes_; }
     bool classicDetection() const { return classic_; }
+    bool strobeView() const { return strobeView_; }
+    bool pitchHistory() const { return pitchHistory_; }
     QString tuningName() const { return tuningName_; }
     QString taperName() const { return taperName_; }
     QString sensitivityText() const { return sensitivityText_; }
@@ -74,7 +79,8 @@ public:
     // "LinearScale" and "AllNotes" from the saved section.
     void setSavedData(const Dictionary& data);
     // The whole saved section (the entries' values and our own keys
-    // "ClassicDetection", "InputDevice") and the devices there are.
+    // "ClassicDetection", "InputDevice", "StrobeView", "PitchHistory") and
+    // the devices there are.
     void setSectionData(const Dictionary& data, std::vector<std::string> devices);
 
     Q_INVOKABLE int rowCount() const { return static_cast<int>(settingsNameArray_.size()) + 3; }
@@ -83,6 +89,9 @@ public:
     Q_INVOKABLE void switcherLSAction();
     Q_INVOKABLE void switcherANAction();
     Q_INVOKABLE void toggleClassicDetection();
+    // The needle (false) or the strobe band (true).
+    Q_INVOKABLE void chooseStrobeView(bool strobe);
+    Q_INVOKABLE void togglePitchHistory();
     // 0 is the system's default, k the k-th device of the list.
     Q_INVOKABLE void chooseInput(int choice);
 
@@ -100,6 +109,8 @@ private:
     bool linearScale_ = false;
     bool allNotes_ = false;
     bool classic_ = false;
+    bool strobeView_ = false;
+    bool pitchHistory_ = false;
     QString tuningName_;
     QString taperName_;
     QString sensitivityText_;

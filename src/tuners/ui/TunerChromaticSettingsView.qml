@@ -1,8 +1,9 @@
 // The chromatic tuner's settings: the "Linear scale" and "All notes"
 // switches, the four ways to the tunings, tapering functions, microphone
 // sensitivity and orchestra tuning screens, each with its current value,
-// then "Classic detection" and, with more than one capture device, the input
-// device. Everything shown comes from the TunerChromaticSettings object and
+// then "Classic detection", with more than one capture device the input
+// device, and the display (the needle or the strobe, and the pitch
+// history). Everything shown comes from the TunerChromaticSettings object and
 // every touch is forwarded to it. In a wide window the cards keep to a
 // centred column.
 pragma ComponentBehavior: Bound
@@ -152,6 +153,38 @@ Rectangle {
                         last: index === view.screen.inputChoices.length - 1
                         onClicked: view.screen.chooseInput(index)
                     }
+                }
+            }
+
+            SectionHeader {
+                width: content.width
+                text: "Display"
+            }
+
+            Card {
+                width: content.width
+
+                Repeater {
+                    model: ["Needle", "Strobe"]
+
+                    CardRow {
+                        required property string modelData
+                        required property int index
+
+                        objectName: "displayRow" + index
+                        title: modelData
+                        marked: (index === 1) === view.screen.strobeView
+                        first: index === 0
+                        onClicked: view.screen.chooseStrobeView(index === 1)
+                    }
+                }
+                SwitchRow {
+                    objectName: "pitchHistoryRow"
+                    switchName: "pitchHistorySwitch"
+                    title: "Pitch history"
+                    last: true
+                    isOn: view.screen.pitchHistory
+                    onFlipped: view.screen.togglePitchHistory()
                 }
             }
         }

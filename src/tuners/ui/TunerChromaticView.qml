@@ -9,6 +9,10 @@ import ZebTools
 // screen between the navigation and tab bars), scaled here to fill the view
 // whatever its size; the drawings render at the scaled size, so they stay
 // sharp in a large window.
+//
+// Chosen on the settings screen: the strobe band in place of the scale and
+// the needle, and the pitch history over the needle's lower half. Touching a
+// slot's letter plays its note until touched again.
 Rectangle {
     id: view
 
@@ -29,83 +33,17 @@ Rectangle {
         height: view.designHeight * view.unit
         anchors.centerIn: parent
 
-        // The note panel: six letters, the note heard lit and glowing.
-        Rectangle {
-            id: panel
+        NotePanelView {
+            screen: view.screen
+            unit: view.unit
             x: 8 * view.unit
             y: 8 * view.unit
             width: 304 * view.unit
             height: 56 * view.unit
-            radius: Theme.cardRadius * view.unit
-            color: Theme.panel
-            border.color: Theme.separator
-            border.width: Math.max(1, view.unit)
-
-            Repeater {
-                model: 6
-
-                Item {
-                    id: slot
-
-                    required property int index
-                    readonly property bool lit: view.screen.activeSlot === index
-
-                    objectName: "slot" + index
-                    x: index * panel.width / 6
-                    width: panel.width / 6
-                    height: panel.height
-
-                    Canvas {
-                        anchors.fill: parent
-                        visible: slot.lit
-                        onWidthChanged: requestPaint()
-                        onPaint: {
-                            const ctx = getContext("2d")
-                            ctx.reset()
-                            const r = Math.min(width, height) / 2
-                            const glow = ctx.createRadialGradient(width / 2, height / 2, 0,
-                                                                  width / 2, height / 2, r)
-                            glow.addColorStop(0, Qt.rgba(0.96, 0.75, 0.05, 0.55))
-                            glow.addColorStop(1, Qt.rgba(0.96, 0.75, 0.05, 0))
-                            ctx.fillStyle = glow
-                            ctx.fillRect(0, 0, width, height)
-                        }
-                    }
-                    Text {
-                        id: letter
-                        anchors.centerIn: parent
-                        anchors.horizontalCenterOffset: -(sharp.visible ? 4 * view.unit : 0) - octave.shift
-                        text: view.screen.slotLetters[slot.index] ?? ""
-                        color: slot.lit ? Theme.accent : Theme.textDim
-                        font.pixelSize: 30 * view.unit
-                        font.bold: true
-                    }
-                    Text {
-                        id: sharp
-                        anchors.left: letter.right
-                        anchors.top: letter.top
-                        visible: view.screen.slotSharps[slot.index] === true
-                        text: "#"
-                        color: letter.color
-                        font.pixelSize: 15 * view.unit
-                        font.bold: true
-                    }
-                    Text {
-                        id: octave
-                        readonly property real shift: visible ? width / 2 : 0
-                        anchors.left: sharp.visible ? sharp.right : letter.right
-                        anchors.baseline: letter.baseline
-                        visible: slot.lit && text !== ""
-                        text: view.screen.activeOctave
-                        color: letter.color
-                        font.pixelSize: 15 * view.unit
-                        font.bold: true
-                    }
-                }
-            }
         }
 
         ChromaticScaleView {
+            visible: !view.screen.strobeView
             screen: view.screen
             unit: view.unit
             pivotX: view.pivotX
@@ -127,6 +65,7 @@ Rectangle {
                 readonly property real radius: index <= 2 ? 230 : 152
 
                 objectName: "reference" + index
+                visible: index === 0 || !view.screen.strobeView
                 x: (view.pivotX + radius * Math.sin(angle)) * view.unit - width / 2
                 y: (view.pivotY - radius * Math.cos(angle)) * view.unit - height / 2
                 rotation: angle * 180 / Math.PI
@@ -164,48 +103,57 @@ Rectangle {
             }
         }
 
-        ArrowView {
-            id: needle
+        // With the pitch history on show the needle shows above it only.
+        Item {
+            width: stage.width
+            height: view.screen.pitchHistory ? 218 * view.unit : stage.height
+            clip: view.screen.pitchHistory
 
-            // The angle on show, in degrees clockwise.
-            property real angle: 0
+            ArrowView {
+                id: needle
 
-            objectName: "needle"
-            unit: view.unit
-            x: (view.pivotX - bladeWidth / 2) * view.unit
-            y: (view.pivotY - bladeLength) * view.unit
-            transform: Rotation {
-                origin.x: needle.bladeWidth / 2 * view.unit
-                origin.y: needle.bladeLength * view.unit
-                angle: needle.angle
-            }
+                // The angle on show, in degrees clockwise.
+                property real angle: 0
 
-            NumberAnimation {
-                id: swing
-                target: needle
-                property: "angle"
-                easing.type: Easing.Linear
-            }
-            Connections {
-                target: view.screen
-                function onNeedleMoved() {
-                    swing.stop()
-                    const to = view.screen.needleAngle * 180 / Math.PI
-                    const ms = Math.round(view.screen.needleSeconds * 1000)
-                    if (ms <= 0) {
-                        needle.angle = to
-                        return
+                objectName: "needle"
+                visible: !view.screen.strobeView
+                unit: view.unit
+                x: (view.pivotX - bladeWidth / 2) * view.unit
+                y: (view.pivotY - bladeLength) * view.unit
+                transform: Rotation {
+                    origin.x: needle.bladeWidth / 2 * view.unit
+                    origin.y: needle.bladeLength * view.unit
+                    angle: needle.angle
+                }
+
+                NumberAnimation {
+                    id: swing
+                    target: needle
+                    property: "angle"
+                    easing.type: Easing.Linear
+                }
+                Connections {
+                    target: view.screen
+                    function onNeedleMoved() {
+                        swing.stop()
+                        const to = view.screen.needleAngle * 180 / Math.PI
+                        const ms = Math.round(view.screen.needleSeconds * 1000)
+                        if (ms <= 0) {
+                            needle.angle = to
+                            return
+                        }
+                        swing.from = needle.angle
+                        swing.to = to
+                        swing.duration = ms
+                        swing.start()
                     }
-                    swing.from = needle.angle
-                    swing.to = to
-                    swing.duration = ms
-                    swing.start()
                 }
             }
         }
 
         // The needle's hub.
         Rectangle {
+            visible: !view.screen.strobeView && !view.screen.pitchHistory
             x: (view.pivotX - 13) * view.unit
             y: (view.pivotY - 13) * view.unit
             width: 26 * view.unit
@@ -214,6 +162,28 @@ Rectangle {
             color: Theme.panelLight
             border.color: Theme.accent
             border.width: 2 * view.unit
+        }
+
+        StrobeView {
+            objectName: "strobe"
+            visible: view.screen.strobeView
+            screen: view.screen
+            unit: view.unit
+            x: 16 * view.unit
+            y: 86 * view.unit
+            width: 288 * view.unit
+            height: 96 * view.unit
+        }
+
+        PitchHistoryView {
+            objectName: "pitchHistory"
+            visible: view.screen.pitchHistory
+            screen: view.screen
+            unit: view.unit
+            x: 8 * view.unit
+            y: 218 * view.unit
+            width: 304 * view.unit
+            height: 102 * view.unit
         }
 
         // The frequency, its right edge a little right of the centre, and
@@ -225,8 +195,9 @@ Rectangle {
             anchors.right: parent.left
             anchors.rightMargin: -196 * view.unit
             y: 328 * view.unit
-            text: view.screen.frequencyText
-            color: view.screen.frequencyAmber ? Theme.accent : Theme.text
+            text: view.screen.toneSlot >= 0 ? view.screen.toneText : view.screen.frequencyText
+            color: view.screen.frequencyAmber || view.screen.toneSlot >= 0 ? Theme.accent
+                                                                          : Theme.text
             font.pixelSize: 28 * view.unit
             font.bold: true
         }
@@ -237,7 +208,7 @@ Rectangle {
             objectName: "cents"
             x: 206 * view.unit
             anchors.baseline: frequencyLabel.baseline
-            text: view.screen.centsText
+            text: view.screen.toneSlot >= 0 ? "\u266A" : view.screen.centsText
             color: view.screen.frequencyAmber ? Theme.accent : Theme.textDim
             font.pixelSize: 18 * view.unit
             font.bold: true
