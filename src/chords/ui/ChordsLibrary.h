@@ -55,7 +55,7 @@ class ChordsLibrary : public zt::Screen {
     Q_PROPERTY(QString chordFormula READ chordFormula NOTIFY chordChanged)
     // Naming a shape tapped on the neck; while it is on, the neck shows the
     // shape held and takes taps instead of strums.
-    Q_PROPERTY(ChordsFinder* finder READ finder CONSTANT)
+    Q_PROPERTY(zt::ChordsFinder* finder READ finder CONSTANT)
     Q_PROPERTY(QString tuningName READ tuningName NOTIFY tuningNameChanged)
     Q_PROPERTY(int variationCount READ variationCount NOTIFY chordChanged)
     Q_PROPERTY(int currentVariationsIndex READ currentVariationsIndex NOTIFY variationChanged)

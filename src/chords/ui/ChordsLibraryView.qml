@@ -237,6 +237,7 @@ Rectangle {
         y: view.wide ? 12 : view.headerHeight
         width: view.wide ? view.pickerWidth : instrument.width - 12
         height: view.wide ? Math.min(view.height - 24, 330) : 196
-        visible: view.wide || view.screen.pickerVisible
+        // Put away while the finder names what the neck holds.
+        visible: (view.wide || view.screen.pickerVisible) && !view.finding
     }
 }
