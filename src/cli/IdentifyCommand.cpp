@@ -24,7 +24,8 @@ std::string readFret(const std::string& cell, int& fret) {
         fret = -1;
         return {};
     }
-    if (cell.empty() || cell.size() > 2 || !std::all_of(cell.begin(), cell.end(), ::isdigit))
+    if (cell.empty() || cell.size() > 2 ||
+        !std::all_of(cell.begin(), cell.end(), [](char c) { return c >= '0' && c <= '9'; }))
         return "\"" + cell + "\" is not a fret: " + kChartHelp;
     fret = std::stoi(cell);
     if (fret >= ChordLibrary::kFrets)
