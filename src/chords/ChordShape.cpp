@@ -1,5 +1,7 @@
 #include "chords/ChordShape.h"
 
+#include <algorithm>
+
 #include "chords/ChordCatalogue.h"
 
 namespace zt {
@@ -20,6 +22,24 @@ ChordShape shapeOf(const ChordVariation& v) {
     shape.bassPitch = v.pitches[0];
     shape.position = v.lowestFrettedFret == kNoFrettedString ? 0 : v.lowestFrettedFret;
     return shape;
+}
+
+bool ChordShape::underBarre(int number) const {
+    const auto& s = string(number);
+    for (int b = 0; b < barreCount; ++b) {
+        const auto& barre = barres[static_cast<std::size_t>(b)];
+        if (s.fret == barre.fret && s.finger == barre.finger && number <= barre.from &&
+            number >= barre.to)
+            return true;
+    }
+    return false;
+}
+
+int ChordShape::firstShownFret() const {
+    int highest = 0;
+    for (const auto& s : strings)
+        highest = std::max(highest, s.fret);
+    return highest <= kWindowFrets ? 1 : std::max(position, 1);
 }
 
 std::string_view noteName(int note) {

@@ -11,6 +11,9 @@
 namespace zt {
 
 struct ChordShape {
+    // Frets a diagram shows at once: every shape fits in four.
+    static constexpr int kWindowFrets = 4;
+
     struct String {
         int fret = -1;    // -1 muted, 0 open
         int finger = -1;  // 1 to 4; 0 open, -1 muted
@@ -32,6 +35,12 @@ struct ChordShape {
     int position = 0;
 
     const String& string(int number) const { return strings[static_cast<std::size_t>(number - 1)]; }
+    // Whether a barre lays the finger of string `number` at its fret, so
+    // that a diagram showing fingers draws the barre and no dot there.
+    bool underBarre(int number) const;
+    // The fret a diagram draws first below the nut: 1 when the shape fits
+    // there, else its lowest fretted fret.
+    int firstShownFret() const;
 };
 
 ChordShape shapeOf(const ChordVariation& v);

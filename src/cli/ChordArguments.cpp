@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "chords/ChordCatalogue.h"
+#include "chords/VariationOrder.h"
 #include "tunings/TuningCatalogue.h"
 
 namespace zt::cli {
@@ -92,6 +93,32 @@ std::pair<std::string, std::string> splitChord(const std::string& text) {
     const std::string name = *chordName(text);
     const std::size_t rootLength = name.size() > 1 && name[1] == '#' ? 2 : 1;
     return {name.substr(0, rootLength), name.substr(rootLength)};
+}
+
+Fingerings fingerings(const std::string& text, std::size_t tuningIndex) {
+    Fingerings f;
+    ChordLibrary library;
+    f.tuning = useTuning(library, tuningIndex);
+    const auto [root, type] = splitChord(text);
+    f.root = root;
+    f.chord = root + type;
+    f.set = std::make_unique<VariationSet>();
+    library.getVariations(root, type, *f.set);
+    sortVariations(*f.set);
+    return f;
+}
+
+const ChordVariation* Fingerings::pick(int variation, std::string& error) const {
+    if (set->count == 0) {
+        error = chord + " has no fingering in " + tuning.name;
+        return nullptr;
+    }
+    if (variation < 1 || variation > set->count) {
+        error = chord + " has " + std::to_string(set->count) + " fingerings in " + tuning.name +
+                "; --variation " + std::to_string(variation) + " is past the last";
+        return nullptr;
+    }
+    return &set->records[static_cast<std::size_t>(variation - 1)];
 }
 
 }  // namespace zt::cli

@@ -4,6 +4,7 @@
 // valid.
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -37,5 +38,20 @@ struct TuningChoice {
 };
 // Sets the library to the tuning at a catalogue index.
 TuningChoice useTuning(ChordLibrary& library, std::size_t index);
+
+// A chord's fingerings in a catalogue tuning, in the order the app shows
+// them.
+struct Fingerings {
+    TuningChoice tuning;
+    std::string root;   // "A#"
+    std::string chord;  // "A#m7"
+    std::unique_ptr<VariationSet> set;
+
+    // The fingering numbered `variation` from 1, or nullptr with the
+    // reason in error (none exists, or the number is past the last).
+    const ChordVariation* pick(int variation, std::string& error) const;
+};
+// text: a name chordName() accepts.
+Fingerings fingerings(const std::string& text, std::size_t tuningIndex);
 
 }  // namespace zt::cli

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "chords/ChordCatalogue.h"
+#include "chords/ChordFinder.h"
 #include "chords/ChordLibrary.h"
 #include "chords/ChordShape.h"
 #include "chords/StringSet.h"
@@ -12,9 +13,11 @@
 #include "chords/VariationOrder.h"
 #include "cli/ChordArguments.h"
 #include "cli/ChordDiagram.h"
+#include "cli/ChordSvg.h"
 #include "cli/WavOutput.h"
 #include "sound/OfflineRender.h"
 #include "sound/SoundEngine.h"
+#include "state/AtomicFile.h"
 #include "tunings/TuningCatalogue.h"
 
 namespace zt::cli {
@@ -23,9 +26,9 @@ namespace {
 
 constexpr const char* kDescription =
     "Shows every fingering of a chord in one of the 53 tunings, in the order the app shows them "
-    "(grouped by the note in the bass, the root first), as neck diagrams or JSON; walks every "
-    "chord in every tuning; or strums a chord into a 16-bit mono WAV file at 44100 Hz, as the "
-    "app plays it.";
+    "(grouped by the note in the bass, the root first), as neck diagrams or JSON, or draws one "
+    "as an SVG picture; walks every chord in every tuning; or strums a chord into a 16-bit mono "
+    "WAV file at 44100 Hz, as the app plays it. \"chords identify x32010\" names a shape.";
 
 }  // namespace
 
@@ -42,7 +45,8 @@ ChordsCommand::ChordsCommand(CLI::App& parent)
         ->check(CLI::Range(1, VariationSet::kCapacity))
         ->type_name("K");
     app.add_flag("--json", json_,
-                 "print one JSON object: {\"chord\", \"tuning\", \"variations\": [{\"frets\", "
+                 "print one JSON object: {\"chord\", \"notes\", \"formula\", \"tuning\", "
+                 "\"variations\": [{\"frets\", "
                  "\"fingers\", \"barres\", \"bass\", \"pitches\"}]}; pitches are MIDI numbers "
                  "(E2 = 40)");
     app.add_flag("--all", all_,
@@ -51,24 +55,38 @@ ChordsCommand::ChordsCommand(CLI::App& parent)
     app.add_option("--play", play_, "strum this chord into the file --out names")
         ->check(chordValidator())
         ->type_name("NAME");
-    app.add_option("--variation", variation_, "with --play: which fingering, 1 the first shown")
+    app.add_option("--svg", svg_, "with NAME: draw a fingering (--variation) into this SVG file")
+        ->type_name("FILE");
+    app.add_option("--variation", variation_,
+                   "with --play or --svg: which fingering, 1 the first shown")
         ->check(CLI::Range(1, VariationSet::kCapacity))
         ->capture_default_str();
     app.add_option("--out", out_, "with --play: the WAV file to write")->type_name("FILE");
     app.callback([this] { checkChoice(); });
+    identify_ = std::make_unique<IdentifyCommand>(app);
 }
 
 void ChordsCommand::checkChoice() {
+    if (identify_->chosen())
+        return;
     const int chosen = int(!name_.empty()) + int(all_) + int(!play_.empty());
     if (chosen != 1)
         throw CLI::ValidationError("give one of NAME, --all or --play NAME");
     if (!play_.empty() && out_.empty())
         throw CLI::ValidationError("--play needs --out FILE");
-    if (play_.empty() && (!out_.empty() || command().count("--variation") > 0))
-        throw CLI::ValidationError("--out and --variation go with --play");
+    if (!svg_.empty() && name_.empty())
+        throw CLI::ValidationError("--svg goes with NAME");
+    if (play_.empty() && !out_.empty())
+        throw CLI::ValidationError("--out goes with --play");
+    if (play_.empty() && svg_.empty() && command().count("--variation") > 0)
+        throw CLI::ValidationError("--variation goes with --play or --svg");
 }
 
 int ChordsCommand::run(std::ostream& out, std::ostream& err) {
+    if (identify_->chosen())
+        return identify_->run(out, err);
+    if (!svg_.empty())
+        return writeSvg(out, err);
     if (all_)
         return walkAll(out);
     if (!play_.empty())
@@ -77,31 +95,30 @@ int ChordsCommand::run(std::ostream& out, std::ostream& err) {
 }
 
 int ChordsCommand::printChord(std::ostream& out) const {
-    ChordLibrary library;
-    const TuningChoice tuning = useTuning(library, *tuningIndex(tuning_));
-    const auto [root, type] = splitChord(name_);
-    const std::string chord = root + type;
-    const auto found = std::make_unique<VariationSet>();
-    VariationSet& set = *found;
-    library.getVariations(root, type, set);
-    sortVariations(set);
+    const Fingerings found = fingerings(name_, *tuningIndex(tuning_));
+    const TuningChoice& tuning = found.tuning;
+    const std::string& root = found.root;
+    const std::string& chord = found.chord;
+    const VariationSet& set = *found.set;
     const int shown = limit_ > 0 ? std::min(limit_, int(set.count)) : int(set.count);
+    const chords::ChordTones tones = *chords::chordTones(chord);
 
     if (json_) {
         auto variations = nlohmann::json::array();
         for (int i = 0; i < shown; ++i)
             variations.push_back(toJson(set.records[static_cast<std::size_t>(i)]));
-        out << nlohmann::json{{"chord", chord}, {"tuning", tuning.name}, {"variations", variations}}
+        out << nlohmann::json{{"chord", chord},
+                              {"notes", tones.notes},
+                              {"formula", tones.degrees},
+                              {"tuning", tuning.name},
+                              {"variations", variations}}
                    .dump(2)
             << "\n";
         return kExitOk;
     }
 
-    std::string notes;
-    const auto info = chords::chordInfo(chord);
-    for (const auto& note : info->notes)
-        notes += (notes.empty() ? "" : " ") + note;
-    out << chord << " (" << notes << ") in " << tuning.name << " (" << tuning.notes << "): ";
+    out << chord << " (" << tones.notesText() << "; " << tones.formulaText() << ") in "
+        << tuning.name << " (" << tuning.notes << "): ";
     if (set.count == 0) {
         out << "no fingering exists.\n";
         return kExitOk;
@@ -176,25 +193,29 @@ int ChordsCommand::walkAll(std::ostream& out) const {
     return kExitOk;
 }
 
+const ChordVariation* ChordsCommand::pick(const Fingerings& found, std::ostream& out,
+                                          std::ostream& err, int& code) const {
+    std::string why;
+    const ChordVariation* picked = found.pick(variation_, why);
+    if (found.set->count == 0) {
+        out << why << "; nothing written.\n";
+        code = kExitOk;
+    } else if (!picked) {
+        err << "zebtools-cli chords: " << why << ".\n";
+        code = kExitUsage;
+    }
+    return picked;
+}
+
 int ChordsCommand::play(std::ostream& out, std::ostream& err) const {
-    ChordLibrary library;
-    const TuningChoice tuning = useTuning(library, *tuningIndex(tuning_));
-    const auto [root, type] = splitChord(play_);
-    const std::string chord = root + type;
-    const auto found = std::make_unique<VariationSet>();
-    VariationSet& set = *found;
-    library.getVariations(root, type, set);
-    sortVariations(set);
-    if (set.count == 0) {
-        out << chord << " has no fingering in " << tuning.name << "; nothing written.\n";
-        return kExitOk;
-    }
-    if (variation_ > set.count) {
-        err << "zebtools-cli chords: " << chord << " has " << set.count << " fingerings in "
-            << tuning.name << "; --variation " << variation_ << " is past the last.\n";
-        return kExitUsage;
-    }
-    const auto& v = set.records[static_cast<std::size_t>(variation_ - 1)];
+    const Fingerings found = fingerings(play_, *tuningIndex(tuning_));
+    const std::string& chord = found.chord;
+    const TuningChoice& tuning = found.tuning;
+    int code = kExitOk;
+    const ChordVariation* picked = pick(found, out, err, code);
+    if (!picked)
+        return code;
+    const auto& v = *picked;
 
     const int rate = SoundEngine::kSampleRate;
     std::string error;
@@ -215,6 +236,27 @@ int ChordsCommand::play(std::ostream& out, std::ostream& err) const {
         << variation_ << " (" << fretLine(v) << "), " << schedule.count << " strings "
         << kStrumSpacingSeconds * 1000 << " ms apart from the 6th, "
         << static_cast<double>(frames) / rate << " s\n";
+    return kExitOk;
+}
+
+int ChordsCommand::writeSvg(std::ostream& out, std::ostream& err) const {
+    const Fingerings found = fingerings(name_, *tuningIndex(tuning_));
+    int code = kExitOk;
+    const ChordVariation* picked = pick(found, out, err, code);
+    if (!picked)
+        return code;
+    const ChordShape shape = shapeOf(*picked);
+    const auto bass = noteName(shape.bassPitch);
+    const auto tones = chords::chordTones(found.chord);
+    const std::string title = found.chord + (bass == found.root ? "" : "/" + std::string(bass));
+    const std::string caption = tones->notesText() + "  \u00B7  " + tones->formulaText();
+    file::Failure failure;
+    if (!file::writeAtomically(svg_, chordSvg(shape, title, caption), &failure)) {
+        err << "zebtools-cli chords: cannot write " << svg_ << ": " << failure << "\n";
+        return kExitFailure;
+    }
+    out << "wrote " << svg_ << ": " << title << " in " << found.tuning.name << ", fingering "
+        << variation_ << " (" << fretLine(*picked) << ")\n";
     return kExitOk;
 }
 

@@ -12,6 +12,7 @@
 #include "cli/Cli.h"
 #include "cli/CliCommand.h"
 #include "sound/SoundBank.h"
+#include "state/AtomicFile.h"
 
 namespace zt::cli {
 namespace {
@@ -40,7 +41,16 @@ TEST(ChordsCommand, BadArgumentsExplainAndExitWithTwo) {
         {{"C", "--play", "D", "--out", "x.wav"}, {"give one of"}},
         {{"--play", "C"}, {"--play needs --out FILE"}},
         {{"--play", "Cxyz", "--out", "x.wav"}, {"is not a chord"}},
-        {{"C", "--out", "x.wav"}, {"--out and --variation go with --play"}},
+        {{"C", "--out", "x.wav"}, {"--out goes with --play"}},
+        {{"C", "--variation", "2"}, {"--variation goes with --play or --svg"}},
+        {{"--all", "--svg", "x.svg"}, {"--svg goes with NAME"}},
+        {{"C", "--svg", "x.svg", "--variation", "21"}, {"C has 20 fingerings in Standard"}},
+        {{"identify", "x3201"}, {"\"x3201\" has 5 strings", "from the 6th string"}},
+        {{"identify", "x 3 2 0 1 0 0"}, {"has 7 strings"}},
+        {{"identify", "x3201q"}, {"\"q\" is not a fret"}},
+        {{"identify", "x,3,25,0,1,0"}, {"fret 25 is past the 24th"}},
+        {{"identify", "x32010", "--tuning", "E2 A2 D3"}, {"is not a tuning", "or six notes"}},
+        {{"identify"}, {"FRETS is required"}},
         {{"--play", "C", "--variation", "99", "--out", "x.wav"},
          {"--variation 99 is past the last"}},
     };
@@ -51,13 +61,92 @@ TEST(ChordsCommand, BadArgumentsExplainAndExitWithTwo) {
             EXPECT_NE(run.err.find(text), std::string::npos) << text << " in\n" << run.err;
     }
     EXPECT_FALSE(std::filesystem::exists("x.wav"));
+    EXPECT_FALSE(std::filesystem::exists("x.svg"));
+}
+
+TEST(ChordsCommand, IdentifyNamesAShapeBestFirstWithNotesAndFormula) {
+    const Outcome c = chords({"identify", "x32010"});
+    ASSERT_EQ(c.code, kExitOk) << c.err;
+    EXPECT_EQ(c.out,
+              "x 3 2 0 1 0 in Standard (E2 A2 D3 G3 B3 E4): C E G C E, C in the bass\n"
+              "1. C  C E G  (1 3 5)\n");
+    const Outcome c6 = chords({"identify", "x 3 2 2 1 0", "--tuning", "0"});
+    EXPECT_EQ(c6.out,
+              "x 3 2 2 1 0 in Standard (E2 A2 D3 G3 B3 E4): C E A C E, C in the bass\n"
+              "1. C6    C E G A  (1 3 5 6), without G\n"
+              "2. Am/C  A C E  (1 b3 5)\n");
+    const Outcome none = chords({"identify", "x30xxx"});
+    EXPECT_EQ(none.code, kExitOk);
+    EXPECT_NE(none.out.find("no chord of the catalogue has these notes"), std::string::npos);
+
+    // The same shape in a tuning named, or given as its notes.
+    for (const char* tuning : {"Open G", "D2 G2 D3 G3 B3 D4", "D2&G2&D3&G3&B3&D4"}) {
+        const auto doc =
+            nlohmann::json::parse(chords({"identify", "000000", "--tuning", tuning, "--json"}).out);
+        EXPECT_EQ(doc["notes"], nlohmann::json({"D", "G", "D", "G", "B", "D"})) << tuning;
+        EXPECT_EQ(doc["bass"], "D");
+        ASSERT_EQ(doc["names"].size(), 1u) << tuning;
+        EXPECT_EQ(doc["names"][0]["name"], "G/D");
+        EXPECT_EQ(doc["names"][0]["formula"], nlohmann::json({"1", "3", "5"}));
+    }
+    const auto am7 = nlohmann::json::parse(chords({"identify", "x,0,2,0,1,0", "--json"}).out);
+    EXPECT_EQ(am7["frets"], nlohmann::json({-1, 0, 2, 0, 1, 0}));
+    ASSERT_EQ(am7["names"].size(), 2u);
+    EXPECT_EQ(am7["names"][1]["name"], "C6/A");
+    EXPECT_EQ(am7["names"][1]["root"], "C");
+    EXPECT_EQ(am7["names"][1]["type"], "6");
+    EXPECT_EQ(am7["names"][1]["notes"], nlohmann::json({"C", "E", "G", "A"}));
+}
+
+std::size_t count(const std::string& text, const std::string& part) {
+    std::size_t n = 0;
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++n;
+    return n;
+}
+
+TEST(ChordsCommand, SvgDrawsTheFingeringAsTheNeckShowsIt) {
+    struct Row {
+        std::vector<std::string> args;
+        const char* title;
+        const char* caption;
+        std::size_t dots, rings, crosses, barres;
+        const char* firstFret;  // the label beside a neck up from the nut, or ""
+    };
+    const Row rows[] = {
+        {{"C"}, ">C<", "C E G", 3, 2, 1, 0, ""},
+        {{"Bm", "--variation", "2"}, ">Bm<", "B D F#", 2, 0, 0, 1, ">7fr<"},
+        {{"C", "--variation", "8"}, ">C/E<", "1 3 5", 3, 3, 0, 0, ""},
+    };
+    const auto path = testing::TempDir() + "zt_chord.svg";
+    for (const auto& row : rows) {
+        std::filesystem::remove(path);
+        auto args = row.args;
+        args.insert(args.end(), {"--svg", path});
+        const Outcome run = chords(args);
+        ASSERT_EQ(run.code, kExitOk) << run.err;
+        const std::string svg = file::readAll(path).bytes;
+        EXPECT_EQ(svg.rfind("<svg xmlns=\"http://www.w3.org/2000/svg\"", 0), 0u);
+        EXPECT_NE(svg.find(row.title), std::string::npos) << row.title;
+        EXPECT_NE(svg.find(row.caption), std::string::npos) << row.caption;
+        EXPECT_EQ(count(svg, "<circle") - count(svg, "fill=\"#3A3228\"") - row.rings, row.dots)
+            << svg;
+        EXPECT_EQ(count(svg, "fill=\"none\""), row.rings);
+        EXPECT_EQ(count(svg, "<path"), row.crosses);
+        EXPECT_EQ(count(svg, "rx="), row.barres);
+        EXPECT_EQ(count(svg, "fr<"), std::string(row.firstFret).empty() ? 0u : 1u);
+        if (*row.firstFret) {
+            EXPECT_NE(svg.find(row.firstFret), std::string::npos);
+        }
+    }
+    std::filesystem::remove(path);
 }
 
 TEST(ChordsCommand, DiagramsShowFretsFingersBarresMutedAndOpenStrings) {
     const Outcome c = chords({"C", "--limit", "1"});
     ASSERT_EQ(c.code, kExitOk) << c.err;
     EXPECT_EQ(c.out,
-              "C (C E G) in Standard (E2 A2 D3 G3 B3 E4): 20 fingerings, showing 1\n"
+              "C (C E G; 1 3 5) in Standard (E2 A2 D3 G3 B3 E4): 20 fingerings, showing 1\n"
               "\n"
               "bass C\n"
               "\n"
@@ -71,7 +160,7 @@ TEST(ChordsCommand, DiagramsShowFretsFingersBarresMutedAndOpenStrings) {
     // Flats are read as the sharp below; the tuning by its number.
     const Outcome f = chords({"Gbm", "--tuning", "0", "--limit", "1"});
     ASSERT_EQ(f.code, kExitOk) << f.err;
-    EXPECT_NE(f.out.find("F#m (F# A C#) in Standard"), std::string::npos) << f.out;
+    EXPECT_NE(f.out.find("F#m (F# A C#; 1 b3 5) in Standard"), std::string::npos) << f.out;
     EXPECT_NE(f.out.find("#1  2 4 4 2 2 2\n"
                          "\n"
                          "    2  1-----1-1-1\n"
@@ -88,6 +177,8 @@ TEST(ChordsCommand, JsonHoldsEachFingeringStringByStringFromTheSixth) {
     ASSERT_EQ(am.code, kExitOk) << am.err;
     const auto doc = nlohmann::json::parse(am.out);
     EXPECT_EQ(doc["chord"], "Am");
+    EXPECT_EQ(doc["notes"], nlohmann::json({"A", "C", "E"}));
+    EXPECT_EQ(doc["formula"], nlohmann::json({"1", "b3", "5"}));
     EXPECT_EQ(doc["tuning"], "Standard");
     ASSERT_EQ(doc["variations"].size(), 1u);
     const auto& v = doc["variations"][0];
@@ -117,7 +208,8 @@ TEST(ChordsCommand, JsonHoldsEachFingeringStringByStringFromTheSixth) {
 TEST(ChordsCommand, AChordWithoutAFingeringSaysSoAndSucceeds) {
     const Outcome text = chords({"Ddim7", "--tuning", "Csus2"});
     EXPECT_EQ(text.code, kExitOk);
-    EXPECT_EQ(text.out, "Ddim7 (D F G# B) in Csus2 (C2 G2 C3 G3 C4 D4): no fingering exists.\n");
+    EXPECT_EQ(text.out,
+              "Ddim7 (D F G# B; 1 b3 b5 bb7) in Csus2 (C2 G2 C3 G3 C4 D4): no fingering exists.\n");
     const Outcome json = chords({"Ddim7", "--tuning", "Csus2", "--json"});
     EXPECT_EQ(nlohmann::json::parse(json.out)["variations"], nlohmann::json::array());
     // A run that failed earlier (or another checkout's) may have left one behind.

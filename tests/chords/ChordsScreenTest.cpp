@@ -28,6 +28,8 @@ struct PickCase {
     const char* root;  // as the generator is asked
     const char* typeKey;
     const char* firstShape;
+    const char* notes;  // the chord's tones and formula, as the header shows them
+    const char* formula;
 };
 void PrintTo(const PickCase& c, std::ostream* os) {
     *os << c.name;
@@ -43,15 +45,21 @@ TEST_P(Picking, ShowsTheChordFromItsFirstFingeringAndPlaysItAQuarterSecondLater)
     EXPECT_EQ(screen.choice().generatorRoot(), c.root);
     EXPECT_EQ(screen.choice().chordPartTwo, c.typeKey);
     EXPECT_EQ(shown(screen), c.firstShape);
+    EXPECT_EQ(screen.chordNotes().toStdString(), c.notes);
+    EXPECT_EQ(screen.chordFormula().toStdString(), c.formula);
     ASSERT_FALSE(output.calls.empty());
     EXPECT_EQ(output.calls.back(), "chord " + std::string(c.firstShape) + " after 0.25");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Wheels, Picking,
-    ::testing::Values(PickCase{"AMinor", 9, 1, "Am", "A", "m", "x 0 2 2 1 0"},
-                      PickCase{"BlackKeyAsksForASharp", 1, 0, "C\u266F", "C#", "", "x 4 3 1 2 1"},
-                      PickCase{"DSus4", 2, 21, "Dsus4", "D", "sus4", "x x 0 2 3 3"}),
+    ::testing::Values(PickCase{"AMinor", 9, 1, "Am", "A", "m", "x 0 2 2 1 0", "A C E", "1 b3 5"},
+                      PickCase{"BlackKeyAsksForASharp", 1, 0, "C\u266F", "C#", "", "x 4 3 1 2 1",
+                               "C# F G#", "1 3 5"},
+                      PickCase{"DSus4", 2, 21, "Dsus4", "D", "sus4", "x x 0 2 3 3", "D G A",
+                               "1 4 5"},
+                      PickCase{"GSharpMinorNinth", 8, 17, "G\u266Fm9", "G#", "m9", "4 6 4 4 4 6",
+                               "G# B D# F# A#", "1 b3 5 b7 9"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ChordsScreenTest, AMutedStringIsSilentInTheStrumAndInTheWholeChord) {

@@ -9,6 +9,10 @@ namespace {
 constexpr const char* kSharpSign = "\u266F";
 }  // namespace
 
+chords::ChordTones ChordChoice::tones() const {
+    return chords::chordTones(generatorRoot() + chordPartTwo).value_or(chords::ChordTones{});
+}
+
 std::string ChordChoice::generatorRoot() const {
     return withAsciiSharp(chordPartOne);
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "chords/ChordFinder.h"
+
 namespace zt {
 
 struct ChordChoice {
@@ -21,6 +23,9 @@ struct ChordChoice {
     std::string label() const { return chordPartOne + chordPartTwo; }
     // The root as the generator spells it: "C#".
     std::string generatorRoot() const;
+    // The chord's tones and formula ("C E G", "1 3 5"); empty for a choice
+    // the catalogue does not know.
+    chords::ChordTones tones() const;
 
     bool operator==(const ChordChoice&) const = default;
 };

@@ -51,6 +51,9 @@ ChordsLibrary::ChordsLibrary(ChordOutput& output, QObject* parent)
     });
     lightTimer_.setInterval(kLightRefreshMs);
     connect(&lightTimer_, &QTimer::timeout, this, &ChordsLibrary::updateLights);
+    connect(&finder_, &ChordsFinder::heldChanged, this, &ChordsLibrary::variationChanged);
+    connect(&finder_, &ChordsFinder::activeChanged, this, &ChordsLibrary::hidePicker);
+    connect(&finder_, &ChordsFinder::activeChanged, this, &ChordsLibrary::variationChanged);
     paint();
 }
 
@@ -136,6 +139,9 @@ void ChordsLibrary::touchBegan() {
 }
 
 void ChordsLibrary::touchMoved(qreal x, int touchCount) {
+    // The finder's neck takes taps: nothing strums.
+    if (finder_.active())
+        return;
     const TouchView before = touch_;
     const int string = touch_.touchesMoved(x, touchCount, notes_.canPlay);
     bool changed = false;
@@ -242,6 +248,7 @@ void ChordsLibrary::reload() {
     if (delegate_) {
         delegate_->getChordVariationsByName(state_.choice.generatorRoot(),
                                             state_.choice.chordPartTwo, *set_);
+        finder_.setTuning(delegate_->openNotes());
     }
     diagrams_.clear();
     const std::string root = state_.choice.generatorRoot();

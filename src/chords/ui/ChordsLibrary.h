@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "chords/ChordOutput.h"
+#include "chords/ui/ChordsFinder.h"
 #include "chords/ui/ChordsSavedState.h"
 #include "chords/ui/NeckPicture.h"
 #include "chords/ui/StripArrows.h"
@@ -49,6 +50,12 @@ class ChordsLibrary : public zt::Screen {
     // another note than the root in the bass.
     Q_PROPERTY(QString chordName READ chordName NOTIFY chordChanged)
     Q_PROPERTY(QString bassText READ bassText NOTIFY variationChanged)
+    // The chord's tones ("C E G") and formula ("1 3 5").
+    Q_PROPERTY(QString chordNotes READ chordNotes NOTIFY chordChanged)
+    Q_PROPERTY(QString chordFormula READ chordFormula NOTIFY chordChanged)
+    // Naming a shape tapped on the neck; while it is on, the neck shows the
+    // shape held and takes taps instead of strums.
+    Q_PROPERTY(zt::ChordsFinder* finder READ finder CONSTANT)
     Q_PROPERTY(QString tuningName READ tuningName NOTIFY tuningNameChanged)
     Q_PROPERTY(int variationCount READ variationCount NOTIFY chordChanged)
     Q_PROPERTY(int currentVariationsIndex READ currentVariationsIndex NOTIFY variationChanged)
@@ -56,7 +63,7 @@ class ChordsLibrary : public zt::Screen {
     Q_PROPERTY(QString variationText READ variationText NOTIFY variationChanged)
     // Said over the empty neck of a chord without fingerings, else empty.
     Q_PROPERTY(QString emptyNote READ emptyNote NOTIFY chordChanged)
-    // The neck (see NeckPicture).
+    // The neck (see NeckPicture): the fingering shown, or the finder's shape.
     Q_PROPERTY(QVariantList neckStrings READ neckStrings NOTIFY variationChanged)
     Q_PROPERTY(QVariantList neckBarres READ neckBarres NOTIFY variationChanged)
     Q_PROPERTY(int neckFirstFret READ neckFirstFret NOTIFY variationChanged)
@@ -99,9 +106,15 @@ public:
     int currentVariationsIndex() const { return state_.currentVariationsIndex; }
     QString variationText() const;
     QString emptyNote() const;
-    QVariantList neckStrings() const { return neck_.strings; }
-    QVariantList neckBarres() const { return neck_.barres; }
-    int neckFirstFret() const { return neck_.firstFret; }
+    QString chordNotes() const { return QString::fromStdString(state_.choice.tones().notesText()); }
+    QString chordFormula() const {
+        return QString::fromStdString(state_.choice.tones().formulaText());
+    }
+    ChordsFinder* finder() { return &finder_; }
+    const NeckPicture& neck() const { return finder_.active() ? finder_.picture() : neck_; }
+    QVariantList neckStrings() const { return neck().strings; }
+    QVariantList neckBarres() const { return neck().barres; }
+    int neckFirstFret() const { return neck().firstFret; }
     QVariantList diagrams() const { return diagrams_; }
     qreal upperArrowAlpha() const { return arrows_.upper; }
     qreal lowerArrowAlpha() const { return arrows_.lower; }
@@ -195,6 +208,7 @@ private:
     std::unique_ptr<VariationSet> set_;
     StringNotes notes_;
     NeckPicture neck_;
+    ChordsFinder finder_;
     QVariantList diagrams_;
     StripArrows arrows_;
     QString tuningName_;

@@ -1,6 +1,7 @@
 #pragma once
 // What the chords screen asks of its mediator.
 
+#include <array>
 #include <string>
 
 #include "chords/ChordVariation.h"
@@ -33,6 +34,8 @@ public:
     virtual bool isBuffersLoaded() const = 0;
     // The current tuning's display name ("Drop D").
     virtual std::string getTuningName() const = 0;
+    // The current tuning's open notes, lowest string first (E2 = 28).
+    virtual std::array<int, kStringCount> openNotes() const = 0;
 };
 
 }  // namespace zt

@@ -87,4 +87,15 @@ std::string ChordsLibraryMediator::getTuningName() const {
     return settings_ ? settings_->getTuningName() : std::string();
 }
 
+std::array<int, kStringCount> ChordsLibraryMediator::openNotes() const {
+    // The generator's tuning, so that the finder and the fingerings agree.
+    std::array<int, kStringCount> open{};
+    if (chords_) {
+        const auto& strings = chords_->getTuningDictionary();
+        for (std::size_t s = 0; s < open.size(); ++s)
+            open[s] = strings[open.size() - 1 - s].index;
+    }
+    return open;
+}
+
 }  // namespace zt

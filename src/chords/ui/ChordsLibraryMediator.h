@@ -43,6 +43,7 @@ public:
     void stopMetronome() override;
     bool isBuffersLoaded() const override;
     std::string getTuningName() const override;
+    std::array<int, kStringCount> openNotes() const override;
 
 protected:
     // Keeps the proxies, gives ChordsProxy the current tuning, and fills the

@@ -8,6 +8,10 @@ import ZebTools
 // and the strip of small diagrams (DiagramStrip). Everything shown comes
 // from the ChordsLibrary object; touches are forwarded to it.
 //
+// The Find button turns the finder on: the neck then takes taps, the
+// header names the shape held and a list under the neck gives every name
+// that fits, best first (FinderNames).
+//
 // On a phone the wheels (ChordPicker) drop down over the neck and hide
 // when the strings are touched; a window wide enough keeps them open in a
 // column on the left. The neck takes whatever height there is.
@@ -17,7 +21,9 @@ Rectangle {
     required property ChordsLibrary screen
 
     readonly property bool wide: width >= 600
-    readonly property real headerHeight: 48
+    readonly property bool finding: screen.finder.active
+    readonly property real headerHeight: 62
+    readonly property real namesHeight: finding ? Math.min(150, Math.round(height * 0.3)) : 0
     readonly property real pickerWidth: 250
     // The neck and the strip keep their phone width.
     readonly property real instrumentWidth: 320
@@ -40,11 +46,11 @@ Rectangle {
 
             objectName: "chordButton"
             x: 6
-            width: 140
-            height: view.headerHeight
+            width: finderButton.x - x - 4
+            height: view.headerHeight - 16
 
             TapHandler {
-                enabled: !view.wide
+                enabled: !view.wide && !view.finding
                 onTapped: view.screen.togglePicker()
             }
 
@@ -58,13 +64,14 @@ Rectangle {
                         id: nameText
 
                         objectName: "chordName"
-                        text: view.screen.chordName
+                        text: view.finding ? view.screen.finder.bestName : view.screen.chordName
                         color: Theme.accent
                         font.pixelSize: 24
                         font.bold: true
                     }
                     Text {
                         anchors.baseline: nameText.baseline
+                        visible: !view.finding
                         text: view.screen.bassText
                         color: Theme.accent
                         font.pixelSize: 16
@@ -72,7 +79,7 @@ Rectangle {
                     }
                     Text {
                         anchors.verticalCenter: parent.verticalCenter
-                        visible: !view.wide
+                        visible: !view.wide && !view.finding
                         text: view.screen.pickerVisible ? "\u25B4" : "\u25BE"
                         color: Theme.textDim
                         font.pixelSize: 14
@@ -82,10 +89,51 @@ Rectangle {
                     width: chordButton.width
                     elide: Text.ElideRight
                     text: view.screen.tuningName
-                          + (view.screen.variationText !== "" ? "  \u00B7  " + view.screen.variationText : "")
+                          + (view.screen.variationText !== "" && !view.finding
+                             ? "  \u00B7  " + view.screen.variationText : "")
                     color: Theme.textDim
                     font.pixelSize: 11
                 }
+            }
+        }
+
+        // The chord's notes and formula, or what the finder holds.
+        Text {
+            objectName: "chordTones"
+            x: 6
+            y: chordButton.height
+            width: instrument.width - 12
+            height: 14
+            elide: Text.ElideRight
+            text: view.finding ? view.screen.finder.heldText
+                               : view.screen.chordNotes + "  \u00B7  " + view.screen.chordFormula
+            color: Theme.text
+            font.pixelSize: 11
+        }
+
+        Button {
+            id: finderButton
+
+            objectName: "finderButton"
+            Accessible.name: "Name a shape"
+            x: modeSwitch.x - width - 4
+            anchors.verticalCenter: chordButton.verticalCenter
+            width: 40
+            height: 28
+            focusPolicy: Qt.NoFocus
+            onClicked: view.screen.finder.active = !view.screen.finder.active
+            contentItem: Text {
+                text: "Find"
+                color: view.finding ? Theme.background : Theme.textDim
+                font.pixelSize: 12
+                font.bold: true
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+            }
+            background: RoundedBox {
+                radius: 6
+                color: view.finding ? Theme.accent : Theme.panel
+                border.color: view.finding ? Theme.accent : Theme.separator
             }
         }
 
@@ -106,7 +154,9 @@ Rectangle {
                     readonly property bool chosen: view.screen.flag === modelData
 
                     objectName: modelData ? "notesButton" : "fingersButton"
-                    width: 62
+                    enabled: !view.finding
+                    opacity: enabled ? 1 : 0.4
+                    width: 54
                     height: 28
                     focusPolicy: Qt.NoFocus
                     onClicked: view.screen.flag = modelData
@@ -150,7 +200,7 @@ Rectangle {
             screen: view.screen
             y: view.headerHeight
             width: 257
-            height: instrument.height - y
+            height: instrument.height - y - view.namesHeight
         }
 
         Rectangle {
@@ -159,14 +209,24 @@ Rectangle {
             width: 1
             height: instrument.height - y
             color: Theme.separator
+            visible: !view.finding
         }
 
         DiagramStrip {
             screen: view.screen
+            visible: !view.finding
             x: 258
             y: view.headerHeight
             width: instrument.width - x
             height: instrument.height - y
+        }
+
+        FinderNames {
+            finder: view.screen.finder
+            visible: view.finding
+            y: instrument.height - height
+            width: instrument.width
+            height: view.namesHeight
         }
     }
 
@@ -177,6 +237,7 @@ Rectangle {
         y: view.wide ? 12 : view.headerHeight
         width: view.wide ? view.pickerWidth : instrument.width - 12
         height: view.wide ? Math.min(view.height - 24, 330) : 196
-        visible: view.wide || view.screen.pickerVisible
+        // Put away while the finder names what the neck holds.
+        visible: (view.wide || view.screen.pickerVisible) && !view.finding
     }
 }

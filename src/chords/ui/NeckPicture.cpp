@@ -8,28 +8,6 @@ namespace zt {
 
 namespace {
 
-int maxFret(const ChordShape& shape) {
-    int highest = 0;
-    for (const auto& s : shape.strings)
-        highest = std::max(highest, s.fret);
-    return highest;
-}
-
-int firstFretOf(const ChordShape& shape) {
-    return maxFret(shape) <= NeckPicture::kWindowFrets ? 1 : std::max(shape.position, 1);
-}
-
-// Whether a barre lays the finger of string n at its fret.
-bool underBarre(const ChordShape& shape, int n) {
-    const auto& s = shape.string(n);
-    for (int b = 0; b < shape.barreCount; ++b) {
-        const auto& barre = shape.barres[static_cast<std::size_t>(b)];
-        if (s.fret == barre.fret && s.finger == barre.finger && n <= barre.from && n >= barre.to)
-            return true;
-    }
-    return false;
-}
-
 QString text(std::string_view s) {
     return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
 }
@@ -38,7 +16,7 @@ QString text(std::string_view s) {
 
 NeckPicture NeckPicture::of(const ChordShape& shape, bool notes) {
     NeckPicture picture;
-    picture.firstFret = firstFretOf(shape);
+    picture.firstFret = shape.firstShownFret();
     for (int n = kStringCount; n >= 1; --n) {
         const auto& s = shape.string(n);
         const bool fretted = s.fret > 0;
@@ -53,7 +31,7 @@ NeckPicture NeckPicture::of(const ChordShape& shape, bool notes) {
             {"fret", s.fret},
             {"muted", s.fret < 0},
             {"open", s.fret == 0},
-            {"dot", fretted && (notes || !underBarre(shape, n))},
+            {"dot", fretted && (notes || !shape.underBarre(n))},
             {"text", label},
         });
     }
@@ -94,7 +72,7 @@ QVariantMap smallDiagram(const ChordShape& shape, const QString& caption) {
     }
     return {{"frets", frets},
             {"barres", barres},
-            {"firstFret", firstFretOf(shape)},
+            {"firstFret", shape.firstShownFret()},
             {"caption", caption}};
 }
 

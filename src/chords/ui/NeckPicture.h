@@ -12,8 +12,7 @@
 namespace zt {
 
 struct NeckPicture {
-    // Frets a diagram shows at once: every shape fits in four.
-    static constexpr int kWindowFrets = 4;
+    static constexpr int kWindowFrets = ChordShape::kWindowFrets;
 
     // One map per string from the 6th to the 1st: "string" (its number),
     // "x", "fret" (-1 muted, 0 open), "muted", "open", "dot" (a finger

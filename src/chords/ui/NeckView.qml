@@ -8,11 +8,14 @@ import ZebTools
 // number or note, barres as bars. A string lights while it is heard. The
 // neck scrolls to the fingering's frets and numbers the first fret shown.
 // Touches on it strum the strings: they are forwarded to the screen in this
-// item's units (TouchView).
+// item's units (TouchView). With the finder on, the neck scrolls under a
+// finger and a tap presses the string at that fret, or, above the nut,
+// turns the string between muted and open (ChordsFinder).
 Item {
     id: neck
 
     required property ChordsLibrary screen
+    readonly property bool finding: screen.finder.active
 
     // Units of the layout: the strings sit where TouchView puts them.
     readonly property real markersHeight: 26
@@ -25,6 +28,14 @@ Item {
 
     function fretCentre(fret) {
         return nutHeight + (fret - 0.5) * fretHeight
+    }
+    // The string number under x, or 0 between strings' reach.
+    function stringAt(x) {
+        for (let i = 0; i < 6; ++i) {
+            if (Math.abs(x - stringXs[i]) <= 17)
+                return 6 - i
+        }
+        return 0
     }
 
     clip: true
@@ -48,6 +59,16 @@ Item {
         }
     }
 
+    TapHandler {
+        objectName: "nutTaps"
+        enabled: neck.finding
+        target: null
+        onTapped: point => {
+            if (point.position.y < neck.markersHeight)
+                neck.screen.finder.tapNut(neck.stringAt(point.position.x))
+        }
+    }
+
     Flickable {
         id: board
 
@@ -55,11 +76,13 @@ Item {
         y: neck.markersHeight
         width: neck.width
         height: neck.height - y
-        interactive: false
+        interactive: neck.finding
+        boundsBehavior: Flickable.StopAtBounds
         contentWidth: width
         contentHeight: neck.nutHeight + neck.fretCount * neck.fretHeight
-        contentY: Math.max(0, Math.min((neck.screen.neckFirstFret - 1) * neck.fretHeight,
-                                       contentHeight - height))
+        contentY: neck.finding ? 0
+                               : Math.max(0, Math.min((neck.screen.neckFirstFret - 1) * neck.fretHeight,
+                                                      contentHeight - height))
         Behavior on contentY {
             NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
         }
@@ -69,6 +92,21 @@ Item {
             width: neck.boardRight - neck.boardLeft
             height: board.contentHeight
             color: "#1F1A14"
+
+            // A tap on the board presses a string at a fret (on the nut:
+            // lets it ring open).
+            TapHandler {
+                objectName: "fretTaps"
+                enabled: neck.finding
+                onTapped: point => {
+                    const string = neck.stringAt(point.position.x + neck.boardLeft)
+                    const y = point.position.y
+                    if (y < neck.nutHeight)
+                        neck.screen.finder.tapNut(string)
+                    else
+                        neck.screen.finder.tapFret(string, Math.floor((y - neck.nutHeight) / neck.fretHeight) + 1)
+                }
+            }
         }
         Rectangle {
             x: neck.boardLeft
@@ -86,6 +124,21 @@ Item {
                 width: neck.boardRight - neck.boardLeft
                 height: 2
                 color: "#8C8C8C"
+            }
+        }
+        // Fret numbers beside the board while finding.
+        Repeater {
+            model: neck.finding ? neck.fretCount : 0
+
+            Text {
+                required property int index
+                x: 0
+                width: neck.boardLeft - 4
+                y: neck.fretCentre(index + 1) - height / 2
+                horizontalAlignment: Text.AlignRight
+                text: index + 1
+                color: Theme.textDim
+                font.pixelSize: 11
             }
         }
         // Inlays on frets 3, 5, 7, 9, 12 (two) and 15.
@@ -224,6 +277,7 @@ Item {
 
         objectName: "stringsTouchArea"
         anchors.fill: parent
+        enabled: !neck.finding
         mouseEnabled: true
         onPressed: points => {
             strings.down += points.length
