@@ -2,6 +2,7 @@
 
 #include "framework/Facade.h"
 #include "framework/Log.h"
+#include "state/SaveNotice.h"
 #include "tunings/SettingsProxy.h"
 
 namespace zt {
@@ -22,6 +23,11 @@ void CommonSettingsMediator::registered() {
         log("CommonSettingsMediator: SettingsProxy is not registered");
     if (screen() && settings_)
         screen()->setTuningArray(settings_->getNotesStand());
+    // A saved choice that is gone is told once the shell can show it.
+    if (settings_) {
+        if (const std::string notice = settings_->takeNotice(); !notice.empty())
+            sendNotification(kShowNotice, std::any(notice));
+    }
 }
 
 void CommonSettingsMediator::getTuning() {
@@ -36,7 +42,10 @@ void CommonSettingsMediator::setTuning(int index) {
 }
 
 void CommonSettingsMediator::saveCommonSettings(const Dictionary& settings) {
-    sendNotification("SaveCommonState", settings);
+    Dictionary saved = settings;
+    if (settings_)
+        settings_->completeSaved(saved);
+    sendNotification("SaveCommonState", saved);
 }
 
 }  // namespace zt
