@@ -59,10 +59,11 @@ void SettingsProxy::initVariables(const Dictionary& savedData) {
     log("SettingsProxy: " + notice_);
 }
 
-void SettingsProxy::completeSaved(Dictionary& settings) const {
+void SettingsProxy::completeSaved(Dictionary& settings) {
     if (list_.at(tuningSound_).custom) {
         settings[state::common::kTuning.name] = 0;
         settings[state::common::kCustomTuning.name] = getTuningName();
+        customSaved_ = true;
     } else if (customSaved_ || !list_.custom().empty()) {
         settings[state::common::kCustomTuning.name] = "";
     }

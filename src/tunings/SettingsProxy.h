@@ -47,7 +47,7 @@ public:
     void initVariables(const Dictionary& savedData) override;
     // Adds what a save of the common section needs for the current tuning
     // to settings (which holds "Tuning").
-    void completeSaved(Dictionary& settings) const;
+    void completeSaved(Dictionary& settings);
     // The notice of a saved tuning that is gone, once; "" when none.
     std::string takeNotice();
 
@@ -66,7 +66,8 @@ private:
     std::vector<std::string> tuningNameArray_;
     int tuningSound_ = 0;
     int version_ = 0;
-    bool customSaved_ = false;  // the saved section names a user's tuning
+    // The saved section may name a user's tuning: a save must clear it.
+    bool customSaved_ = false;
     bool customBlocked_ = false;
     std::string notice_;
     SaveNotice saveNotice_;
