@@ -20,6 +20,7 @@ void CommonSettings::setTuningArray(const std::vector<std::string>& notesStand) 
     for (const auto& notes : notesStand) {
         tuningArray_.append(QString::fromStdString(tunings::compactLabel(notes)));
     }
+    emit rowsChanged();
     emit reloaded();
 }
 
@@ -67,6 +68,7 @@ void CommonSettings::setFilter(const QString& filter) {
     if (filter == filter_)
         return;
     filter_ = filter;
+    emit rowsChanged();
     emit reloaded();
 }
 

@@ -27,14 +27,16 @@ class CommonSettings : public zt::Screen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")
-    Q_PROPERTY(QStringList tuningNames READ tuningNames NOTIFY reloaded)
+    Q_PROPERTY(QStringList tuningNames READ tuningNames NOTIFY rowsChanged)
     Q_PROPERTY(QStringList tuningLabels READ tuningLabels NOTIFY reloaded)
     Q_PROPERTY(QString currentTuning READ currentTuning NOTIFY reloaded)
     Q_PROPERTY(QString headerText READ headerText NOTIFY reloaded)
     // One map per tuning row that the filter keeps: name, label (compact),
     // notes (spaced and spelled), ticked, custom, and index (the tuning's).
-    Q_PROPERTY(QVariantList rows READ rows NOTIFY reloaded)
-    Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY reloaded)
+    // The rows change only with the tunings and the filter, so that a choice
+    // leaves the list where it is.
+    Q_PROPERTY(QVariantList rows READ rows NOTIFY rowsChanged)
+    Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY rowsChanged)
     // Position of the current tuning among rows; -1 when filtered out.
     Q_PROPERTY(int currentRow READ currentRow NOTIFY reloaded)
     Q_PROPERTY(int tuning READ tuning NOTIFY tuningChanged)
@@ -84,6 +86,7 @@ public:
 
 signals:
     void reloaded();
+    void rowsChanged();
     void tuningChanged();
 
 private:

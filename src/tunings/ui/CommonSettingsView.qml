@@ -170,6 +170,8 @@ Rectangle {
 
                 required property var modelData
                 required property int index
+                // Names are compared, as the tick has always been given.
+                readonly property bool ticked: modelData.name === view.screen.currentTuning
 
                 width: ListView.view.width
                 height: Theme.rowHeight
@@ -202,7 +204,7 @@ Rectangle {
                         RowText {
                             width: parent.width
                             text: row.modelData.name
-                            marked: row.modelData.ticked
+                            marked: row.ticked
                             font.bold: true
                             font.pixelSize: 15
                         }
@@ -244,7 +246,7 @@ Rectangle {
                         anchors.verticalCenter: parent.verticalCenter
                         width: 20
                         horizontalAlignment: Text.AlignHCenter
-                        visible: row.modelData.ticked
+                        visible: row.ticked
                         font.pixelSize: 18
                     }
                 }
