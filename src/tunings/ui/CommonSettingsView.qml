@@ -101,7 +101,7 @@ Rectangle {
                 id: filterField
 
                 objectName: "tuningsFilter"
-                width: parent.width - newButton.width - parent.spacing
+                width: parent.width - newButton.implicitWidth - parent.spacing
                 height: 36
                 placeholderText: "Filter: name or notes"
                 text: view.screen.filter
@@ -141,6 +141,7 @@ Rectangle {
                 id: newButton
 
                 objectName: "newTuningButton"
+                width: implicitWidth
                 height: 36
                 text: "+ New"
                 Accessible.name: "New tuning"
@@ -237,6 +238,8 @@ Rectangle {
                         visible: row.modelData.custom
                         text: "\u270E"
                         focusPolicy: Qt.NoFocus
+                        palette.buttonText: Theme.accent
+                        background: Item {}
                         Accessible.name: "Edit " + row.modelData.name
                         onClicked: editor.open(row.modelData.index)
                     }
