@@ -10,8 +10,15 @@ import ZebToolsTest
 Item {
     id: root
 
+    // Escapes the list leaves to the window, which takes them as "back".
+    property int escapesPassedOn: 0
+
     width: 320
     height: 480
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Escape)
+            ++escapesPassedOn
+    }
 
     CommonSettingsView {
         id: view
@@ -65,6 +72,9 @@ Item {
             compare(list.count, 53)
             tryCompare(list, "currentIndex", 27)
             tryVerify(() => rowOnShow(list, 27), 1000, "Drop D is in view and ticked")
+            compare(root.escapesPassedOn, 0, "the first Escape only emptied the filter")
+            keyClick(Qt.Key_Escape)
+            compare(root.escapesPassedOn, 1, "the next one goes back")
         }
 
         function test_pagesHomeAndEndMoveTheKeyboardRow() {
