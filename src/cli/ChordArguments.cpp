@@ -60,7 +60,8 @@ CLI::Validator tuningValidator() {
             if (tuningIndex(text))
                 return std::string();
             std::string list = "\"" + text + "\" is not a tuning; give its number or its name:";
-            const auto& all = tunings::userTunings().entries();
+            const auto known = tunings::userTunings();
+            const auto& all = known.entries();
             for (std::size_t i = 0; i < all.size(); ++i) {
                 list += "\n  " + std::to_string(i) + (i < 10 ? "   " : "  ") + all[i].name + "  " +
                         all[i].notes;

@@ -44,8 +44,15 @@ Rectangle {
     Connections {
         target: view.screen
         function onReloaded() {
-            Qt.callLater(view.showCurrent)
+            // Once the rows of a new filter are drawn.
+            placing.restart()
         }
+    }
+
+    Timer {
+        id: placing
+        interval: 0
+        onTriggered: view.showCurrent()
     }
 
     Item {
@@ -198,8 +205,9 @@ Rectangle {
                 contentItem: Item {
                     Column {
                         anchors.left: parent.left
-                        anchors.right: tag.left
-                        anchors.rightMargin: 6
+                        anchors.right: parent.right
+                        // The tag, the pencil and the tick stay clear of the text.
+                        anchors.rightMargin: row.modelData.custom ? 100 : 28
                         anchors.verticalCenter: parent.verticalCenter
 
                         RowText {
@@ -218,39 +226,36 @@ Rectangle {
                             font.pixelSize: 13
                         }
                     }
-                    Text {
-                        id: tag
-                        anchors.right: edit.left
-                        anchors.rightMargin: visible ? 6 : 0
-                        anchors.verticalCenter: parent.verticalCenter
-                        width: visible ? implicitWidth : 0
-                        visible: row.modelData.custom
-                        text: "yours"
-                        color: Theme.accent
-                        font.pixelSize: 12
-                    }
-                    ToolButton {
-                        id: edit
-                        objectName: "editTuning"
-                        anchors.right: tick.left
-                        anchors.verticalCenter: parent.verticalCenter
-                        width: visible ? 32 : 0
-                        visible: row.modelData.custom
-                        text: "\u270E"
-                        focusPolicy: Qt.NoFocus
-                        palette.buttonText: Theme.accent
-                        background: Item {}
-                        Accessible.name: "Edit " + row.modelData.name
-                        onClicked: editor.open(row.modelData.index)
-                    }
-                    CheckMark {
-                        id: tick
+                    Row {
                         anchors.right: parent.right
                         anchors.verticalCenter: parent.verticalCenter
-                        width: 20
-                        horizontalAlignment: Text.AlignHCenter
-                        visible: row.ticked
-                        font.pixelSize: 18
+                        spacing: 6
+
+                        Text {
+                            anchors.verticalCenter: parent.verticalCenter
+                            visible: row.modelData.custom
+                            text: "yours"
+                            color: Theme.accent
+                            font.pixelSize: 12
+                        }
+                        ToolButton {
+                            objectName: "editTuning"
+                            width: 32
+                            visible: row.modelData.custom
+                            text: "\u270E"
+                            focusPolicy: Qt.NoFocus
+                            palette.buttonText: Theme.accent
+                            background: Item {}
+                            Accessible.name: "Edit " + row.modelData.name
+                            onClicked: editor.open(row.modelData.index)
+                        }
+                        CheckMark {
+                            anchors.verticalCenter: parent.verticalCenter
+                            width: 20
+                            horizontalAlignment: Text.AlignHCenter
+                            opacity: row.ticked ? 1 : 0
+                            font.pixelSize: 18
+                        }
                     }
                 }
             }
