@@ -23,7 +23,7 @@ Tools* ToolsMediator::tools() const {
 std::vector<std::string> ToolsMediator::listNotificationInterests() const {
     std::vector<std::string> names = {
         "ShowHowToEnter",           "ShowTunerBrain",      "ShowMetronome", "ShowChordsLibrary",
-        "LoadSoundBuffersComplete", "ActiveTabIndexReady", kSaveFailed};
+        "LoadSoundBuffersComplete", "ActiveTabIndexReady", kSaveFailed,     kShowNotice};
     for (const ScreenRow& row : screenTable()) {
         for (const ScreenRoute& route : row.routes)
             names.emplace_back(route.notification);
@@ -63,7 +63,7 @@ void ToolsMediator::handleNotification(const Notification& n) {
         shell->buffersLoaded();
     } else if (name == "ActiveTabIndexReady") {
         shell->createTabBar(applicationProxy_ ? applicationProxy_->activeTabIndex() : 0);
-    } else if (name == kSaveFailed) {
+    } else if (name == kSaveFailed || name == kShowNotice) {
         if (const auto* text = n.bodyAs<std::string>())
             shell->showNotice(QString::fromStdString(*text));
     } else if (name == "ShowHowToEnter") {

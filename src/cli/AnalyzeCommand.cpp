@@ -22,6 +22,7 @@
 #include "tuners/MainFrequerncyProxy.h"
 #include "tunings/SettingsProxy.h"
 #include "tunings/TuningCatalogue.h"
+#include "tunings/TuningList.h"
 
 namespace zt::cli {
 
@@ -55,9 +56,7 @@ int choose(const std::string& text, const Names& names, int count) {
 }
 
 int tuningIndex(const std::string& text) {
-    return choose(
-        text, [](int i) { return tunings::catalogue()[static_cast<std::size_t>(i)].name; },
-        static_cast<int>(tunings::kCount));
+    return tunings::userTunings().find(text);
 }
 
 int taperIndex(const std::string& text) {

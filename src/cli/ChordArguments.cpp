@@ -6,6 +6,7 @@
 #include "chords/ChordCatalogue.h"
 #include "chords/VariationOrder.h"
 #include "tunings/TuningCatalogue.h"
+#include "tunings/TuningList.h"
 
 namespace zt::cli {
 
@@ -50,16 +51,8 @@ CLI::Validator chordValidator() {
 }
 
 std::optional<std::size_t> tuningIndex(const std::string& text) {
-    const auto& all = tunings::catalogue();
-    std::size_t index = 0;
-    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), index);
-    if (ec == std::errc() && end == text.data() + text.size() && !text.empty())
-        return index < all.size() ? std::optional(index) : std::nullopt;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (CLI::detail::to_lower(std::string(all[i].name)) == CLI::detail::to_lower(text))
-            return i;
-    }
-    return std::nullopt;
+    const int index = tunings::userTunings().find(text);
+    return index >= 0 ? std::optional(static_cast<std::size_t>(index)) : std::nullopt;
 }
 
 CLI::Validator tuningValidator() {
@@ -68,10 +61,11 @@ CLI::Validator tuningValidator() {
             if (tuningIndex(text))
                 return std::string();
             std::string list = "\"" + text + "\" is not a tuning; give its number or its name:";
-            const auto& all = tunings::catalogue();
+            const auto known = tunings::userTunings();
+            const auto& all = known.entries();
             for (std::size_t i = 0; i < all.size(); ++i) {
-                list += "\n  " + std::to_string(i) + (i < 10 ? "   " : "  ") +
-                        std::string(all[i].name) + "  " + std::string(all[i].notes);
+                list += "\n  " + std::to_string(i) + (i < 10 ? "   " : "  ") + all[i].name + "  " +
+                        all[i].notes;
             }
             return list;
         },
@@ -79,7 +73,7 @@ CLI::Validator tuningValidator() {
 }
 
 TuningChoice useTuning(ChordLibrary& library, std::size_t index) {
-    const auto& tuning = tunings::catalogue()[index];
+    const auto tuning = tunings::userTunings().at(static_cast<int>(index));
     const auto tokens = tunings::tokens(tuning.notes);
     library.setTuning(tokens);
     library.setExpandedTuning(tokens);

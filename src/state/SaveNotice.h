@@ -12,6 +12,8 @@ namespace zt {
 
 // Body: the message (std::string).
 inline constexpr const char* kSaveFailed = "SaveFailed";
+// Any other message for the user, shown the same way. Body: std::string.
+inline constexpr const char* kShowNotice = "ShowNotice";
 
 class SaveNotice {
 public:

@@ -101,6 +101,9 @@ namespace common {
 inline constexpr const char* kSection = "CommonSettings";
 // Index into the tunings catalogue (53 tunings).
 inline constexpr IntKey kTuning{"Tuning", 0, 0, 52};
+// Our own key, absent from older files: the name of the user's tuning in use
+// ("Tuning" is then 0), or empty for one of the catalogue's.
+inline constexpr TextKey kCustomTuning{"CustomTuning", ""};
 }  // namespace common
 
 // The saved value under key, or its default when the value is missing, of

@@ -161,8 +161,8 @@ void MainFrequerncyProxy::gatherCandidates() {
         candidates_ = &allCandidates_;
         return;
     }
-    const int tuning = settingsProxy_ ? settingsProxy_->getTuningNumber() : 0;
-    const std::string_view notes = tunings::catalogue()[static_cast<std::size_t>(tuning)].notes;
+    const std::string notes =
+        settingsProxy_ ? settingsProxy_->getTuning() : std::string(tunings::catalogue()[0].notes);
     if (notes != candidatesTuning_) {
         candidatesTuning_ = notes;
         tuningCandidates_ = getNotes(tunings::tokens(notes));

@@ -14,6 +14,7 @@
 #include "tuners/ui/TunerBrainSettings.h"
 #include "tuners/ui/TunerBrainSettingsMediator.h"
 #include "tunings/SettingsProxy.h"
+#include "tunings/TuningList.h"
 
 namespace zt::test {
 namespace {
@@ -93,13 +94,21 @@ struct TuningCase {
     // By string 1 to 6.
     std::vector<int> offsets;
     QStringList notes;
+    // The user's tuning the saved state names, if any.
+    const char* custom = nullptr;
 };
 
 class ByEarTunings : public TunerBrainTest, public ::testing::WithParamInterface<TuningCase> {};
 
 TEST_P(ByEarTunings, EachStringPlaysItsRecordingTransposedToTheTuningsNote) {
     const TuningCase& c = GetParam();
-    start({}, {{"Tuning", c.index}});
+    // The user has a tuning of their own; it moves nothing of the catalogue.
+    ASSERT_TRUE(tunings::saveCustomTunings(tunings::customTuningsPath(),
+                                           {{"My C", "C2&A2&D3&G3&C4&F4", false}}));
+    Dictionary common{{"Tuning", c.index}};
+    if (c.custom)
+        common["CustomTuning"] = c.custom;
+    start({}, common);
     EXPECT_EQ(brain_.tuningName().toStdString(), c.name);
     EXPECT_EQ(brain_.noteNames(), c.notes);
     Calls expected;
@@ -117,8 +126,14 @@ INSTANTIATE_TEST_SUITE_P(
         TuningCase{2, "Baritone", {-5, -5, -5, -5, -5, -5}, {"B", "F#", "D", "A", "E", "B"}},
         TuningCase{1, "All Fourths", {1, 1, 0, 0, 0, 0}, {"F", "C", "G", "D", "A", "E"}},
         // A hand-edited file naming no tuning of the catalogue: Standard.
-        TuningCase{99, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}}),
-    [](const auto& info) { return "Tuning" + std::to_string(info.param.index); });
+        TuningCase{99, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}},
+        TuningCase{0, "My C", {1, 1, 0, 0, 0, -4}, {"F", "C", "G", "D", "A", "C"}, "My C"},
+        // The user's tuning named by the saved state was deleted: Standard.
+        TuningCase{0, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}, "Gone"}),
+    [](const auto& info) {
+        return "Tuning" + std::to_string(info.param.index) + (info.param.custom ? "Own" : "") +
+               (info.param.custom && *info.param.name == 'S' ? "Gone" : "");
+    });
 
 TEST_F(TunerBrainTest, WithLoopOnlyTheLastStringTouchedSoundsAndTouchingItAgainSilencesIt) {
     start({{"Loop", true}});

@@ -373,6 +373,21 @@ TEST_F(TunerChromaticTest, ReadsATonePolledFromTheCapture) {
     screen.viewDidDisappear();
 }
 
+// A tuning the user made after the screen was set up: its strings show, and
+// a tone at its C4 (the 2nd string, a semitone above standard's B3) lights
+// that string through the whole pipeline.
+TEST_F(TunerChromaticTest, AUsersTuningShowsItsStringsAndLightsTheOneHeard) {
+    ASSERT_EQ(settings->storeCustomTuning(-1, "My C", "C2 A2 D3 G3 C4 F4"), "");
+    settings->setTuning(53);
+    screen.viewWillAppear();
+    EXPECT_EQ(screen.slotLetters(), (QStringList{"C", "A", "D", "G", "C", "F"}));
+    capture->feed(zt::testing::sine(261.63, 2400));
+    runFor(80);
+    EXPECT_EQ(screen.activeSlot(), 4);
+    EXPECT_EQ(screen.frequencyText(), "261.6 Hz");
+    screen.viewDidDisappear();
+}
+
 // The tone stops: with the fine detector the dial holds the last reading for
 // one second of silence at most, then shows no pitch (needle back in 0.3 s,
 // labels blank, no string lit); with classic detection it holds on.

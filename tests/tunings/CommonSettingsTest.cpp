@@ -110,6 +110,110 @@ TEST_F(CommonSettingsTest, AppearingShowsTheTuningChosenElsewhere) {
     EXPECT_EQ(tickedRows(), std::vector<int>{43});
 }
 
+std::vector<std::string> namesShown(const CommonSettings& screen) {
+    std::vector<std::string> names;
+    for (const QVariant& row : screen.rows())
+        names.push_back(row.toMap()["name"].toString().toStdString());
+    return names;
+}
+
+TEST_F(CommonSettingsTest, TheFilterNarrowsTheRowsAndEscapeClearsItBeforeGoingBack) {
+    int backs = 0;
+    QObject::connect(&screen, &CommonSettings::backRequested, [&] { ++backs; });
+    settings->setTuning(51);  // Open G
+    screen.viewWillAppear();
+    EXPECT_EQ(screen.currentRow(), 51);
+    const struct {
+        const char* filter;
+        std::vector<std::string> names;
+        int currentRow;
+    } cases[] = {
+        {"open g", {"Open G", "Open G Minor"}, 0},
+        {"DADGAD", {"D modal"}, -1},
+        {"drop bb", {"Double Drop Bb", "Drop Bb"}, -1},
+    };
+    for (const auto& c : cases) {
+        screen.setFilter(c.filter);
+        EXPECT_EQ(namesShown(screen), c.names) << c.filter;
+        EXPECT_EQ(screen.currentRow(), c.currentRow) << c.filter;
+    }
+    const QVariantMap row = screen.rows()[1].toMap();
+    EXPECT_EQ(row["notes"].toString(), "Bb F Bb Eb G C");
+    EXPECT_EQ(row["label"].toString(), "A#FA#D#GC");
+    screen.selectRow(row["index"].toInt() + 1);
+    EXPECT_EQ(settings->getTuningName(), "Drop Bb");
+
+    EXPECT_TRUE(screen.keyPressed(Qt::Key_Escape));
+    EXPECT_EQ(screen.filter(), "");
+    EXPECT_EQ(screen.rows().size(), 53);
+    EXPECT_EQ(backs, 0);
+    EXPECT_TRUE(screen.keyPressed(Qt::Key_Escape));
+    EXPECT_EQ(backs, 1);
+}
+
+// Made, chosen, renamed and deleted on the list: the choice is saved by
+// name, and "Tuning" stays 0 for a program that knows only the catalogue.
+TEST_F(CommonSettingsTest, AUsersTuningIsSavedByNameAndFallsBackToStandardWhenDeleted) {
+    screen.viewWillAppear();
+    const struct {
+        const char* name;
+        const char* notes;
+        const char* error;
+    } refused[] = {
+        {"Mine", "H2 A2 D3 G3 B3 E4", "String 6: \"H2\" is not a note"},
+        {"Mine", "E2 A2 D3 G3 B3 F5", "String 1: F5 is more than an octave from E4"},
+        {"drop d", "D2 A2 D3 G3 B3 E4", "There is a tuning called \"Drop D\" already."},
+        {"  ", "D2 A2 D3 G3 B3 E4", "Give the tuning a name."},
+    };
+    for (const auto& r : refused) {
+        const QString error = screen.storeCustom(-1, r.name, r.notes);
+        EXPECT_TRUE(error.startsWith(r.error)) << error.toStdString();
+    }
+    EXPECT_EQ(screen.rowCount(), 54) << "nothing was stored";
+
+    EXPECT_EQ(screen.storeCustom(-1, "Mine", "Eb2 Bb2 Eb3 G3 Bb3 Eb4"), "");
+    ASSERT_EQ(screen.rowCount(), 55);
+    QVariantMap row = screen.rows()[53].toMap();
+    EXPECT_EQ(row["name"].toString(), "Mine");
+    EXPECT_EQ(row["notes"].toString(), "Eb Bb Eb G Bb Eb") << "typed with flats, shown so";
+    EXPECT_TRUE(row["custom"].toBool());
+    EXPECT_EQ(screen.typedNotes(53), "Eb2 Bb2 Eb3 G3 Bb3 Eb4");
+    EXPECT_EQ(screen.rows()[52].toMap()["name"].toString(), "Open G Minor");
+
+    sent.clear();
+    screen.selectRow(54);
+    EXPECT_EQ(settings->getTuning(), "D#2&A#2&D#3&G3&A#3&D#4");
+    EXPECT_EQ(sent, (std::vector<std::string>{"SetChordsTuning", "ReloadChords"}));
+    screen.viewDidDisappear();
+    auto common = [] { return *makeProxy<StateProxy>()->getCommonData(); };
+    EXPECT_EQ(state::read(common(), state::common::kTuning), 0);
+    EXPECT_EQ(state::read(common(), state::common::kCustomTuning), "Mine");
+
+    EXPECT_EQ(screen.storeCustom(53, "Mine, lower", "D2 A2 D3 F#3 A3 D4"), "");
+    EXPECT_EQ(state::read(common(), state::common::kCustomTuning), "Mine, lower");
+    EXPECT_EQ(screen.headerText(), "MINE, LOWER");
+    EXPECT_EQ(settings->getTuning(), "D2&A2&D3&F#3&A3&D4");
+
+    // A later start finds it by its name.
+    auto later = makeProxy<SettingsProxy>();
+    later->initVariables(common());
+    EXPECT_EQ(later->getTuningName(), "Mine, lower");
+    EXPECT_EQ(later->takeNotice(), "");
+
+    EXPECT_TRUE(screen.removeCustom(53));
+    EXPECT_FALSE(screen.removeCustom(27)) << "the catalogue's stay";
+    EXPECT_EQ(screen.rowCount(), 54);
+    EXPECT_EQ(settings->getTuningNumber(), 0);
+    EXPECT_EQ(state::read(common(), state::common::kCustomTuning), "");
+
+    // A saved choice whose tuning has gone: Standard, and the user is told.
+    auto gone = makeProxy<SettingsProxy>();
+    gone->initVariables({{"Tuning", 0}, {"CustomTuning", "Mine, lower"}});
+    EXPECT_EQ(gone->getTuningName(), "Standard");
+    EXPECT_NE(gone->takeNotice().find("\"Mine, lower\" is no longer there"), std::string::npos);
+    EXPECT_EQ(gone->takeNotice(), "") << "told once";
+}
+
 // A tool's settings page over a value of the test's own, saved either as
 // the switch flips or as the page goes.
 struct SaveMomentCase {

@@ -29,6 +29,12 @@ void TunerChromaticMediator::handleNotification(const Notification& notification
     } else if (name == "ShowMicrophoneError") {
         tuner->showMicrophoneDetectAlertView();
     } else if (name == "SetTuning" && settingsProxy_) {
+        // The user's own tunings may have changed since the panel was given
+        // the strings.
+        if (tuningsVersion_ != settingsProxy_->tuningsVersion()) {
+            tuningsVersion_ = settingsProxy_->tuningsVersion();
+            tuner->setTuningArray(settingsProxy_->getNotesStand());
+        }
         tuner->setTuningTuner(settingsProxy_->getTuningNumber());
     }
 }
@@ -39,8 +45,10 @@ void TunerChromaticMediator::registered() {
     settingsProxy_ = facade().retrieveProxyAs<SettingsProxy>(SettingsProxy::NAME);
     if (!mediaProxy_ || !mainFrequerncyProxy_ || !settingsProxy_)
         log("TunerChromaticMediator: a proxy is not registered; the tuner stays silent");
-    if (screen() && settingsProxy_)
+    if (screen() && settingsProxy_) {
+        tuningsVersion_ = settingsProxy_->tuningsVersion();
         screen()->setTuningArray(settingsProxy_->getNotesStand());
+    }
 }
 
 void TunerChromaticMediator::getFrequerncy() {

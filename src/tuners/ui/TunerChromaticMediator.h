@@ -62,6 +62,7 @@ private:
     std::shared_ptr<MediaProxy> mediaProxy_;
     std::shared_ptr<MainFrequerncyProxy> mainFrequerncyProxy_;
     std::shared_ptr<SettingsProxy> settingsProxy_;
+    int tuningsVersion_ = -1;
 };
 
 }  // namespace zt

@@ -4,15 +4,14 @@
 
 #include "framework/Value.h"
 #include "tunings/TuningCatalogue.h"
+#include "tunings/TuningText.h"
 #include "tunings/ui/CommonSettingsDelegate.h"
 
 namespace zt {
 
 CommonSettings::CommonSettings(QObject* parent) : Screen(parent) {
-    for (const auto& tuning : tunings::catalogue()) {
-        tuningNameArray_.append(
-            QString::fromUtf8(tuning.name.data(), static_cast<qsizetype>(tuning.name.size())));
-    }
+    setTuningList(tunings::TuningList());
+    tuningArray_.clear();
     currentTuning_ = tuningNameArray_.value(0);
 }
 
@@ -21,7 +20,24 @@ void CommonSettings::setTuningArray(const std::vector<std::string>& notesStand) 
     for (const auto& notes : notesStand) {
         tuningArray_.append(QString::fromStdString(tunings::compactLabel(notes)));
     }
+    emit rowsChanged();
     emit reloaded();
+}
+
+void CommonSettings::setTuningList(const tunings::TuningList& list) {
+    tuningNameArray_.clear();
+    notes_.clear();
+    storedNotes_.clear();
+    flats_.clear();
+    custom_.clear();
+    for (const auto& entry : list.entries()) {
+        tuningNameArray_.append(QString::fromStdString(entry.name));
+        notes_.append(QString::fromStdString(tunings::spacedNotes(entry.notes, entry.flats)));
+        storedNotes_.push_back(entry.notes);
+        flats_.push_back(entry.flats);
+        custom_.push_back(entry.custom);
+    }
+    setTuningArray(storedNotes_);
 }
 
 void CommonSettings::setTuningSetting(int index) {
@@ -33,12 +49,36 @@ void CommonSettings::setTuningSetting(int index) {
 
 QVariantList CommonSettings::rows() const {
     QVariantList out;
+    const std::string query = filter_.toStdString();
     for (int i = 0; i < tuningNameArray_.size(); ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        if (!tunings::matchesFilter(query, tuningNameArray_[i].toStdString(), storedNotes_[at]))
+            continue;
         out.append(QVariantMap{{QStringLiteral("name"), tuningNameArray_[i]},
                                {QStringLiteral("label"), tuningArray_.value(i)},
-                               {QStringLiteral("ticked"), isTicked(i + 1)}});
+                               {QStringLiteral("notes"), notes_.value(i)},
+                               {QStringLiteral("ticked"), isTicked(i + 1)},
+                               {QStringLiteral("custom"), bool(custom_[at])},
+                               {QStringLiteral("index"), i}});
     }
     return out;
+}
+
+void CommonSettings::setFilter(const QString& filter) {
+    if (filter == filter_)
+        return;
+    filter_ = filter;
+    emit rowsChanged();
+    emit reloaded();
+}
+
+int CommonSettings::currentRow() const {
+    const QVariantList shown = rows();
+    for (int row = 0; row < shown.size(); ++row) {
+        if (shown[row].toMap().value(QStringLiteral("ticked")).toBool())
+            return row;
+    }
+    return -1;
 }
 
 bool CommonSettings::isTicked(int row) const {
@@ -51,6 +91,40 @@ void CommonSettings::selectRow(int row) {
     if (delegate_)
         delegate_->setTuning(row - 1);
     setCurrentTuning(row - 1);
+}
+
+QString CommonSettings::storeCustom(int index, const QString& name, const QString& notes) {
+    if (!delegate_)
+        return QStringLiteral("Tunings cannot be changed now.");
+    const std::string wrong =
+        delegate_->storeCustomTuning(index, name.toStdString(), notes.toStdString());
+    if (wrong.empty())
+        setCurrentTuning(tuning_);
+    return QString::fromStdString(wrong);
+}
+
+bool CommonSettings::removeCustom(int index) {
+    if (!delegate_ || !delegate_->removeCustomTuning(index))
+        return false;
+    setCurrentTuning(tuning_);
+    return true;
+}
+
+QString CommonSettings::typedNotes(int index) const {
+    if (index < 0 || static_cast<std::size_t>(index) >= storedNotes_.size())
+        return {};
+    const auto at = static_cast<std::size_t>(index);
+    return QString::fromStdString(tunings::typedForm(storedNotes_[at], flats_[at]));
+}
+
+bool CommonSettings::keyPressed(int key) {
+    if (key != Qt::Key_Escape)
+        return false;
+    if (!filter_.isEmpty())
+        setFilter(QString());
+    else
+        emit backRequested();
+    return true;
 }
 
 void CommonSettings::viewWillAppear() {

@@ -28,12 +28,19 @@ public:
     void setTuning(int index) override;
     // Sends "SaveCommonState" with the settings.
     void saveCommonSettings(const Dictionary& settings) override;
+    // Through SettingsProxy; the tools then hear the tuning again and the
+    // choice is saved, since it is saved by name.
+    std::string storeCustomTuning(int index, const std::string& name,
+                                  const std::string& typed) override;
+    bool removeCustomTuning(int index) override;
 
 protected:
     // Keeps SettingsProxy and gives the screen the tuning strings.
     void registered() override;
 
 private:
+    void customChanged();
+
     std::shared_ptr<SettingsProxy> settings_;
 };
 
