@@ -161,8 +161,9 @@ void MainFrequerncyProxy::gatherCandidates() {
         candidates_ = &allCandidates_;
         return;
     }
-    const std::string notes =
-        settingsProxy_ ? settingsProxy_->getTuning() : std::string(tunings::catalogue()[0].notes);
+    // Asked on every reading, so compared where it lies, without a copy.
+    static const std::string standard(tunings::catalogue()[0].notes);
+    const std::string& notes = settingsProxy_ ? settingsProxy_->getTuning() : standard;
     if (notes != candidatesTuning_) {
         candidatesTuning_ = notes;
         tuningCandidates_ = getNotes(tunings::tokens(notes));

@@ -34,7 +34,7 @@ void SettingsProxy::setTuning(int index) {
     tuningSound_ = index;
 }
 
-std::string SettingsProxy::getTuning() const {
+const std::string& SettingsProxy::getTuning() const {
     return list_.at(tuningSound_).notes;
 }
 

@@ -33,7 +33,8 @@ public:
     // Every tuning string, the catalogue's first.
     const std::vector<std::string>& getNotesStand() const { return notesStand_; }
     // The current tuning string and its display name.
-    std::string getTuning() const;
+    // The chosen tuning's notes; valid until the list of tunings changes.
+    const std::string& getTuning() const;
     std::string getTuningName() const;
 
     const std::vector<std::string>& tuningNameArray() const { return tuningNameArray_; }

@@ -159,6 +159,20 @@ Item {
             return App.tools.screen("metronomeSettings")
         }
 
+        // Waits for the list to come to rest: the settings bring a new
+        // preset into view with a slide of their own (a quarter second),
+        // and a click aimed before it ends lands where the row was.
+        function settle(list) {
+            let last = NaN
+            let since = 0
+            tryVerify(() => {
+                if (list.contentY !== last)
+                    since = Date.now()
+                last = list.contentY
+                return Date.now() - since > 400
+            }, 3000)
+        }
+
         function addPreset(settings, title) {
             settings.addPresetRequested()
             const field = find("presetTitleField")
@@ -177,6 +191,7 @@ Item {
             compare(settings.presets.count, before + 1, "Enter saves")
             const row = settings.presets.count
             const list = find("settingsList")
+            settle(list)
             list.positionViewAtEnd()
             const presetRow = find("presetRow" + row)
             compare(findChild(presetRow, "presetSummary").text, "120 BPM  3/4")
