@@ -93,13 +93,20 @@ Item {
         x: 14
         y: presetLabel.y - height
         width: parent.width - 28
-        height: display.screen.trainerStatus === "" ? 0 : implicitHeight
+        // From the font, not from the text's own layout, which would
+        // follow the height back.
+        height: display.screen.trainerStatus === "" ? 0 : Math.ceil(trainerMetrics.height)
         horizontalAlignment: Text.AlignHCenter
         elide: Text.ElideRight
         text: display.screen.trainerStatus === "" ? "" : "Trainer: " + display.screen.trainerStatus
         color: Theme.accent
         font.bold: true
         font.pixelSize: Math.round(Math.max(12, Math.min(display.height * 0.055, 20)))
+    }
+
+    FontMetrics {
+        id: trainerMetrics
+        font: trainerLabel.font
     }
 
     Text {
