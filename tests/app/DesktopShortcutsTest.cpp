@@ -12,6 +12,7 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <vector>
 
 #include "AppTestEnvironment.h"
 #include "app/Screens.h"
@@ -51,6 +52,32 @@ protected:
         return QString::fromStdString((dataDir_ / "window.ini").string());
     }
     void press(Qt::Key key) { QTest::keyClick(window_, key, Qt::ControlModifier); }
+    // What a screen reader says for the item: its accessible name, or a
+    // control's text.
+    static QString nameOf(QObject* item) {
+        for (QObject* child : item->children()) {
+            if (QString(child->metaObject()->className()).contains("AccessibleAttached") &&
+                !child->property("name").toString().isEmpty())
+                return child->property("name").toString();
+        }
+        return item->property("text").toString();
+    }
+    static bool ringed(QQuickItem* item) {
+        const auto children = item->childItems();
+        return std::any_of(children.begin(), children.end(), [](QQuickItem* c) {
+            return QString(c->metaObject()->className()).contains("FocusRing") && c->isVisible();
+        });
+    }
+    // One Tab: the item that has the keys now, checked for a name and a ring.
+    QQuickItem* tabOnce() {
+        QTest::keyClick(window_, Qt::Key_Tab);
+        QQuickItem* item = window_->activeFocusItem();
+        if (item) {
+            EXPECT_FALSE(nameOf(item).isEmpty()) << item->objectName().toStdString();
+            EXPECT_TRUE(ringed(item)) << nameOf(item).toStdString() << " without a ring";
+        }
+        return item;
+    }
     // The event log as written so far; its writer runs on a thread of its own.
     std::string eventLog() {
         delegate_.analytics().flush();
@@ -67,6 +94,15 @@ protected:
 
 class DesktopQuitTest : public DesktopShortcutsTest,
                         public ::testing::WithParamInterface<const char*> {};
+
+struct TabWalk {
+    Qt::Key tool;
+    // The start of each stop's name, in the order Tab reaches them.
+    std::vector<QString> stops;
+};
+
+class DesktopTabWalkTest : public DesktopShortcutsTest,
+                           public ::testing::WithParamInterface<TabWalk> {};
 
 }  // namespace
 
@@ -95,27 +131,12 @@ TEST_F(DesktopShortcutsTest, CtrlDigitChoosesTheToolAsATapOnItsTabDoes) {
 TEST_F(DesktopShortcutsTest, TheKeyboardAloneWalksASettingsScreenAndComesBack) {
     press(Qt::Key_3);
     tools().show("tunerBrainSettings");
-    const auto nameOf = [](QObject* item) {
-        for (QObject* child : item->children()) {
-            if (QString(child->metaObject()->className()).contains("AccessibleAttached") &&
-                !child->property("name").toString().isEmpty())
-                return child->property("name").toString();
-        }
-        return item->property("text").toString();
-    };
     // Tab until the control named `wanted` has the keys.
     const auto tabTo = [&](const QString& wanted) {
         for (int presses = 0; presses < 12; ++presses) {
-            QTest::keyClick(window_, Qt::Key_Tab);
-            QQuickItem* item = window_->activeFocusItem();
+            QQuickItem* item = tabOnce();
             if (!item)
                 return false;
-            const auto children = item->childItems();
-            const bool ringed = std::any_of(children.begin(), children.end(), [](QQuickItem* c) {
-                return QString(c->metaObject()->className()).contains("FocusRing") &&
-                       c->isVisible();
-            });
-            EXPECT_TRUE(ringed) << nameOf(item).toStdString() << " has the keys without a ring";
             if (nameOf(item) == wanted)
                 return true;
         }
@@ -153,6 +174,44 @@ TEST_F(DesktopShortcutsTest, TheKeyboardAloneWalksASettingsScreenAndComesBack) {
     ASSERT_FALSE(tones_.calls.empty());
     EXPECT_EQ(tones_.calls.back(), "play 5 0 loop");
 }
+
+// Tab alone walks a tool's root screen round: every stop is named for a
+// screen reader and ringed while it has the keys, and each control is
+// reached, in reading order.
+TEST_P(DesktopTabWalkTest, TabReachesEveryControlNamedAndRinged) {
+    press(GetParam().tool);
+    std::vector<QQuickItem*> seen;
+    std::vector<QString> names;
+    for (int presses = 0; presses < 60; ++presses) {
+        QQuickItem* item = tabOnce();
+        ASSERT_NE(item, nullptr);
+        if (std::find(seen.begin(), seen.end(), item) != seen.end())
+            break;
+        seen.push_back(item);
+        names.push_back(nameOf(item));
+    }
+    auto next = names.begin();
+    for (const QString& wanted : GetParam().stops) {
+        next =
+            std::find_if(next, names.end(), [&](const QString& n) { return n.startsWith(wanted); });
+        EXPECT_NE(next, names.end())
+            << wanted.toStdString() << " not reached in order; reached: "
+            << QStringList(names.begin(), names.end()).join(" | ").toStdString();
+        if (next == names.end())
+            next = names.begin();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    RootScreens, DesktopTabWalkTest,
+    ::testing::Values(TabWalk{Qt::Key_1,
+                              {"Beat 1", "Beat 2", "Settings", "\u2212", "Tempo", "+",
+                               "Beats in a bar, ", "Beat value, ", "Subdivision", "Tap tempo",
+                               "Start"}},
+                      TabWalk{Qt::Key_4,
+                              {"Chord ", "Name a shape", "Notes", "Fingers", "Settings",
+                               "Previous fingerings", "Next fingerings", "Play"}},
+                      TabWalk{Qt::Key_2, {"Settings", "E", "A", "D", "G", "B"}}));
 
 // What is set on screen, the chosen tab and the window's place are saved
 // whichever way the session ends.

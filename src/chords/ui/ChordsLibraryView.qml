@@ -40,18 +40,32 @@ Rectangle {
         width: view.instrumentWidth
         height: view.height
 
-        // The chord's name; a touch opens or closes the wheels.
+        // The chord's name; a touch, or Space from the keyboard, opens or
+        // closes the wheels.
         Item {
             id: chordButton
+
+            readonly property bool opensPicker: !view.wide && !view.finding
 
             objectName: "chordButton"
             x: 6
             width: finderButton.x - x - 4
             height: view.headerHeight - 16
+            activeFocusOnTab: opensPicker
+            Keys.onSpacePressed: view.screen.togglePicker()
+            Keys.onReturnPressed: view.screen.togglePicker()
+            Keys.onEnterPressed: view.screen.togglePicker()
+            Accessible.role: Accessible.Button
+            Accessible.name: "Chord " + nameText.text + (view.finding ? "" : view.screen.bassText)
+            Accessible.onPressAction: if (opensPicker) view.screen.togglePicker()
 
             TapHandler {
-                enabled: !view.wide && !view.finding
+                enabled: chordButton.opensPicker
                 onTapped: view.screen.togglePicker()
+            }
+            FocusRing {
+                shown: chordButton.activeFocus
+                control: null
             }
 
             Column {
@@ -120,7 +134,7 @@ Rectangle {
             anchors.verticalCenter: chordButton.verticalCenter
             width: 40
             height: 28
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             onClicked: view.screen.finder.active = !view.screen.finder.active
             contentItem: Text {
                 text: "Find"
@@ -135,6 +149,8 @@ Rectangle {
                 color: view.finding ? Theme.accent : Theme.panel
                 border.color: view.finding ? Theme.accent : Theme.separator
             }
+
+            FocusRing {}
         }
 
         Row {
@@ -158,10 +174,12 @@ Rectangle {
                     opacity: enabled ? 1 : 0.4
                     width: 54
                     height: 28
-                    focusPolicy: Qt.NoFocus
+                    focusPolicy: Qt.TabFocus
+                    text: modelData ? view.screen.notesTitle : view.screen.fingersTitle
+                    Accessible.name: text.trim()
                     onClicked: view.screen.flag = modelData
                     contentItem: Text {
-                        text: segment.modelData ? view.screen.notesTitle : view.screen.fingersTitle
+                        text: segment.text
                         color: segment.chosen ? Theme.background : Theme.textDim
                         font.pixelSize: 12
                         font.bold: true
@@ -173,6 +191,8 @@ Rectangle {
                         color: segment.chosen ? Theme.accent : Theme.panel
                         border.color: segment.chosen ? Theme.accent : Theme.separator
                     }
+
+                    FocusRing {}
                 }
             }
         }
@@ -186,13 +206,16 @@ Rectangle {
             width: 40
             height: 40
             padding: 9
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
+            Accessible.name: "Settings"
             onClicked: view.screen.openSettings()
             contentItem: MetronomeGlyph {
                 shape: "gear"
                 color: settingsButton.down ? Theme.accent : Theme.textDim
             }
             background: Item {}
+
+            FocusRing {}
         }
 
         NeckView {

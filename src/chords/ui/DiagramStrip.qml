@@ -39,7 +39,8 @@ Item {
         Accessible.name: "Previous fingerings"
         width: strip.width
         height: strip.arrowHeight
-        focusPolicy: Qt.NoFocus
+        // Tab passes over an arrow while it is hidden.
+        focusPolicy: opacity > 0 ? Qt.TabFocus : Qt.NoFocus
         opacity: strip.screen.upperArrowAlpha
         onClicked: strip.page(-1)
         contentItem: Text {
@@ -50,6 +51,8 @@ Item {
             verticalAlignment: Text.AlignVCenter
         }
         background: Item {}
+
+        FocusRing {}
     }
 
     ListView {
@@ -104,7 +107,8 @@ Item {
         y: list.y + list.height
         width: strip.width
         height: strip.arrowHeight
-        focusPolicy: Qt.NoFocus
+        // Tab passes over an arrow while it is hidden.
+        focusPolicy: opacity > 0 ? Qt.TabFocus : Qt.NoFocus
         opacity: strip.screen.lowerArrowAlpha
         onClicked: strip.page(1)
         contentItem: Text {
@@ -115,6 +119,8 @@ Item {
             verticalAlignment: Text.AlignVCenter
         }
         background: Item {}
+
+        FocusRing {}
     }
 
     Button {
@@ -140,5 +146,7 @@ Item {
             border.width: play.visualFocus ? 2 : 1
             border.color: play.visualFocus || play.down ? Theme.accent : Theme.separator
         }
+
+        FocusRing {}
     }
 }

@@ -27,10 +27,11 @@ Rectangle {
         y: 6
         width: 56
         height: 24
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
+        text: "Open all"
         onClicked: names.finder.clear()
         contentItem: Text {
-            text: "Open all"
+            text: clearButton.text
             color: Theme.textDim
             font.pixelSize: 11
             font.bold: true
@@ -42,6 +43,8 @@ Rectangle {
             color: Theme.panelLight
             border.color: Theme.separator
         }
+
+        FocusRing {}
     }
 
     Text {

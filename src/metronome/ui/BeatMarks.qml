@@ -42,6 +42,11 @@ Item {
                 readonly property bool silent: kind === "S"
 
                 objectName: "beatMark" + beat
+                // From the keyboard: Tab reaches each mark, Space or Enter cycles it.
+                activeFocusOnTab: true
+                Keys.onSpacePressed: marks.screen.cycleBeat(beat)
+                Keys.onReturnPressed: marks.screen.cycleBeat(beat)
+                Keys.onEnterPressed: marks.screen.cycleBeat(beat)
                 Accessible.role: Accessible.Button
                 Accessible.name: "Beat " + beat + (downbeat ? ", accented" : silent ? ", silent" : "")
                                  + (lit ? ", counted" : "")
@@ -77,6 +82,11 @@ Item {
                                     : (mark.downbeat ? Theme.accent : Theme.textDim)
                     font.bold: true
                     font.pixelSize: Math.round(mark.height * 0.55)
+                }
+
+                FocusRing {
+                    shown: mark.activeFocus
+                    control: null
                 }
             }
         }

@@ -64,7 +64,8 @@ Rectangle {
         y: view.landscape ? values.y + (values.height - height) / 2 : values.y + values.height + 10
         width: view.columnWidth
         height: view.startHeight
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
+        Accessible.name: view.screen.isPlaying ? "Stop" : "Start"
         onClicked: view.screen.startStop()
         contentItem: Item {
             Row {
@@ -94,5 +95,7 @@ Rectangle {
             border.width: 2
             opacity: startStop.down ? 0.8 : 1
         }
+
+        FocusRing { radius: height / 2 + 2 }
     }
 }

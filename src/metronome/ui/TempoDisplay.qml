@@ -131,7 +131,8 @@ Item {
         anchors.top: parent.top
         width: 44
         height: 44
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
+        Accessible.name: "Settings"
         onClicked: display.screen.openSettings()
         contentItem: MetronomeGlyph {
             shape: "gear"
@@ -139,6 +140,8 @@ Item {
         }
         background: Item {}
         padding: 12
+
+        FocusRing {}
     }
 
     ChoicePanel {

@@ -5,7 +5,9 @@ import ZebTools
 
 // The time signature (numerator over denominator, each opening its choice
 // panel), the subdivision pattern and tap tempo, sharing the row equally.
-// The mouse wheel over a value steps it without opening its panel.
+// The mouse wheel over a value steps it without opening its panel. Tab
+// reaches each button and Space works it; a click leaves the keys with the
+// screen, where Space starts and T taps.
 Row {
     id: values
 
@@ -41,7 +43,10 @@ Row {
                     objectName: index === 0 ? "numeratorButton" : "denominatorButton"
                     width: parent.width
                     height: parent.height / 2
-                    focusPolicy: Qt.NoFocus
+                    focusPolicy: Qt.TabFocus
+                    Accessible.name: half.index === 0
+                                     ? "Beats in a bar, " + values.screen.numerator
+                                     : "Beat value, " + values.screen.denominator
                     onClicked: values.screen.openPanel(modelData)
                     WheelSteps {
                         onStepped: notches => values.screen.stepChoice(half.modelData, notches)
@@ -60,6 +65,8 @@ Row {
                         color: half.down ? Theme.panelLight : "transparent"
                     }
                     padding: 0
+
+                    FocusRing {}
                 }
             }
         }
@@ -76,7 +83,8 @@ Row {
         objectName: "patternButton"
         width: values.buttonWidth
         height: parent.height
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
+        Accessible.name: "Subdivision"
         onClicked: values.screen.openPanel(Metronome.PatternPanel)
         padding: 6
         WheelSteps {
@@ -92,6 +100,8 @@ Row {
             border.color: values.screen.panel === Metronome.PatternPanel ? Theme.accent
                                                                         : Theme.separator
         }
+
+        FocusRing {}
     }
 
     Button {
@@ -99,7 +109,8 @@ Row {
         objectName: "tapButton"
         width: values.buttonWidth
         height: parent.height
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
+        Accessible.name: "Tap tempo"
         onPressed: values.screen.tap()
         contentItem: Text {
             text: "TAP"
@@ -115,5 +126,7 @@ Row {
             color: tapButton.down ? Theme.panelLight : Theme.panel
             border.color: tapButton.down ? Theme.accent : Theme.separator
         }
+
+        FocusRing {}
     }
 }

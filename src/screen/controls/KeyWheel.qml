@@ -101,11 +101,12 @@ Tumbler {
         }
     }
 
-    background: Rectangle {
-        color: "transparent"
+    background: Item {}
+    FocusRing {
+        anchors.margins: 0
         radius: 6
-        border.width: 2
-        border.color: wheel.activeFocus ? Theme.accent : "transparent"
+        shown: wheel.activeFocus
+        control: null
     }
 
     delegate: Text {

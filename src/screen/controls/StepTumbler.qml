@@ -59,14 +59,13 @@ Tumbler {
         }
     }
 
-    Rectangle {
+    // Shown however the wheel took the keys: a touch on a row gives them too.
+    FocusRing {
         objectName: "focusFrame"
-        anchors.fill: parent
+        anchors.margins: 0
         z: 2
-        visible: tumbler.activeFocus
-        color: "transparent"
         radius: tumbler.focusRadius
-        border.color: Theme.accent
-        border.width: 2
+        shown: tumbler.activeFocus
+        control: null
     }
 }

@@ -4,7 +4,7 @@ import ZebTools
 
 // The chromatic tuner's note panel: six letters, the note heard lit and
 // glowing, the note the pitch pipe plays ringed. Touching a letter plays its
-// note, or stops it.
+// note, or stops it; so does Space on a letter reached with Tab.
 Rectangle {
     id: panel
 
@@ -26,6 +26,16 @@ Rectangle {
             readonly property bool lit: panel.screen.activeSlot === index
 
             objectName: "slot" + index
+            // From the keyboard: Tab reaches each letter, Space or Enter
+            // plays or stops its note as a touch does.
+            activeFocusOnTab: letter.text !== ""
+            Keys.onSpacePressed: panel.screen.touchSlot(slot.index)
+            Keys.onReturnPressed: panel.screen.touchSlot(slot.index)
+            Keys.onEnterPressed: panel.screen.touchSlot(slot.index)
+            Accessible.role: Accessible.Button
+            Accessible.name: letter.text + (sharp.visible ? " sharp" : "")
+                             + (panel.screen.toneSlot === slot.index ? ", playing" : "")
+            Accessible.onPressAction: panel.screen.touchSlot(slot.index)
             x: index * panel.width / 6
             width: panel.width / 6
             height: panel.height
@@ -92,6 +102,10 @@ Rectangle {
                 color: letter.color
                 font.pixelSize: 15 * panel.unit
                 font.bold: true
+            }
+            FocusRing {
+                shown: slot.activeFocus
+                control: null
             }
         }
     }
