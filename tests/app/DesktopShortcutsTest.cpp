@@ -12,6 +12,7 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <string>
 #include <vector>
 
 #include "AppTestEnvironment.h"
@@ -96,6 +97,7 @@ class DesktopQuitTest : public DesktopShortcutsTest,
                         public ::testing::WithParamInterface<const char*> {};
 
 struct TabWalk {
+    const char* screen;
     Qt::Key tool;
     // The start of each stop's name, in the order Tab reaches them.
     std::vector<QString> stops;
@@ -204,14 +206,17 @@ TEST_P(DesktopTabWalkTest, TabReachesEveryControlNamedAndRinged) {
 
 INSTANTIATE_TEST_SUITE_P(
     RootScreens, DesktopTabWalkTest,
-    ::testing::Values(TabWalk{Qt::Key_1,
+    ::testing::Values(TabWalk{"Metronome",
+                              Qt::Key_1,
                               {"Beat 1", "Beat 2", "Settings", "\u2212", "Tempo", "+",
                                "Beats in a bar, ", "Beat value, ", "Subdivision", "Tap tempo",
                                "Start"}},
-                      TabWalk{Qt::Key_4,
+                      TabWalk{"Chords",
+                              Qt::Key_4,
                               {"Chord ", "Name a shape", "Notes", "Fingers", "Settings",
                                "Previous fingerings", "Next fingerings", "Play"}},
-                      TabWalk{Qt::Key_2, {"Settings", "E", "A", "D", "G", "B"}}));
+                      TabWalk{"ChromaticTuner", Qt::Key_2, {"Settings", "E", "A", "D", "G", "B"}}),
+    [](const auto& info) { return std::string(info.param.screen); });
 
 // What is set on screen, the chosen tab and the window's place are saved
 // whichever way the session ends.

@@ -101,12 +101,11 @@ Tumbler {
         }
     }
 
-    background: Item {}
-    FocusRing {
-        anchors.margins: 0
+    background: Rectangle {
+        color: "transparent"
         radius: 6
-        shown: wheel.activeFocus
-        control: null
+        border.width: 2
+        border.color: wheel.activeFocus ? Theme.accent : "transparent"
     }
 
     delegate: Text {
