@@ -51,8 +51,6 @@ void syncRects(QSGNode& root, int first, const std::vector<QRectF>& rects, const
 // top row shows the smallest drift first.
 class StrobeBandItem : public QQuickItem {
     Q_OBJECT
-    // Stripes a row can hold: 64, enough for a period down to a 60th of
-    // the band's width.
     QML_ELEMENT
     Q_PROPERTY(zt::TunerChromatic* screen MEMBER screen_ NOTIFY changed)
     Q_PROPERTY(int rows MEMBER rows_ NOTIFY changed)
@@ -62,6 +60,8 @@ class StrobeBandItem : public QQuickItem {
     Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
 
 public:
+    // Stripes a row can hold: 64, enough for a period down to a 60th of
+    // the band's width.
     static constexpr int kStripesPerRow = 64;
 
     explicit StrobeBandItem(QQuickItem* parent = nullptr);
