@@ -5,8 +5,10 @@ import ZebTools
 
 // The "Microphone Required" alert: modal, centred in the window whatever
 // the size of the view that puts it up, with the message and one button.
-// It stays up until the button is touched, or Return, Enter or Escape is
-// pressed (it holds the keyboard while up); `dismissed` tells the screen.
+// It stays up until the button is touched, or Return, Enter, Space or
+// Escape is pressed: the button holds the keyboard while the alert is up,
+// ringed as the default answer, so a keyboard user sees what a key will
+// do. `dismissed` tells the screen.
 Dialog {
     id: alert
 
@@ -41,16 +43,9 @@ Dialog {
         horizontalAlignment: Text.AlignHCenter
         topPadding: 16
     }
+    onOpened: okButton.forceActiveFocus(Qt.TabFocusReason)
     contentItem: Text {
         objectName: "alertMessage"
-        focus: true
-        Keys.onPressed: event => {
-            if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter
-                    || event.key === Qt.Key_Escape) {
-                event.accepted = true
-                alert.dismissed()
-            }
-        }
         text: alert.message
         color: Theme.text
         font.pixelSize: 14
@@ -63,7 +58,15 @@ Dialog {
         objectName: "alertOk"
         text: alert.button
         flat: true
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
+        Accessible.name: text
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+                    || event.key === Qt.Key_Escape) {
+                event.accepted = true
+                alert.dismissed()
+            }
+        }
         onClicked: alert.dismissed()
         contentItem: Text {
             text: okButton.text
@@ -75,5 +78,7 @@ Dialog {
             bottomPadding: 12
         }
         background: Item {}
+
+        FocusRing {}
     }
 }
