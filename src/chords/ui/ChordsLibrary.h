@@ -78,6 +78,13 @@ class ChordsLibrary : public zt::Screen {
     // By string number ([n - 1]): whether string n is lit, its note having
     // begun to be heard less than kLightSeconds ago.
     Q_PROPERTY(QVariantList litStrings READ litStrings NOTIFY litChanged)
+    // The capo's fret (0: none) and the label drawn beside it ("Capo 2").
+    // Under a capo the fingerings count their frets from it and the chord
+    // keeps its concert name and sound; shapeText names the shape played
+    // ("C shape" for D with a capo at 2), empty without a capo.
+    Q_PROPERTY(int capo READ capo NOTIFY capoChanged)
+    Q_PROPERTY(QString capoLabel READ capoLabel NOTIFY capoChanged)
+    Q_PROPERTY(QString shapeText READ shapeText NOTIFY variationChanged)
 
 public:
     // How long a string stays lit once heard: for the eye only, sound
@@ -125,6 +132,9 @@ public:
     bool isLit(int stringNumber) const;
     // Whether the lights are still following the sound.
     bool lightsFollowing() const { return lightTimer_.isActive(); }
+    int capo() const { return capo_; }
+    QString capoLabel() const;
+    QString shapeText() const;
 
     // The chord's names and state, for the settings screen and tests.
     const ChordChoice& choice() const { return state_.choice; }
@@ -156,6 +166,9 @@ public:
                                       qreal itemHeight) const;
 
     void setShowNotes(bool notes);
+    // The capo moved (the settings page): the chord is shown again from its
+    // first fingering under it. A fret the tuning cannot take changes nothing.
+    void setCapo(int fret);
 
     // Plays the fingering shown, whole, after delaySeconds (the play button).
     Q_INVOKABLE void playCurrentChord(double delaySeconds = 0.0);
@@ -187,6 +200,7 @@ signals:
     void flagChanged();
     void lockedChanged();
     void litChanged();
+    void capoChanged();
 
 private:
     bool canSound() const;
@@ -195,6 +209,8 @@ private:
     // Shows the fingering at the index (bounded by the count).
     void paint();
     void updateTuningName();
+    // The saved capo, given to the delegate before the chord is fetched.
+    void restoreCapo(const Dictionary& data);
     void startReleaseTimer();
     // Something was asked of the output: the lights follow it.
     void followSound();
@@ -212,6 +228,7 @@ private:
     QVariantList diagrams_;
     StripArrows arrows_;
     QString tuningName_;
+    int capo_ = 0;
     bool pickerVisible_ = false;
     // Lets the output release the sound card once the strings are silent.
     QTimer releaseTimer_;

@@ -35,6 +35,7 @@ void ToolSettings::selectRow(int row) {
 
 void ToolSettings::viewWillAppear() {
     readValue();
+    readCapo();
     const QString name = delegate_ ? QString::fromStdString(delegate_->getTuningName()) : QString();
     if (name != nameOfTuning_) {
         nameOfTuning_ = name;
