@@ -14,8 +14,8 @@ QString ChordsLibrary::capoLabel() const {
 QString ChordsLibrary::shapeText() const {
     if (capo_ == 0 || set_->count == 0)
         return {};
-    QString shape = QString::fromStdString(
-        chords::shapeNote(state_.choice.generatorRoot(), capo_) + state_.choice.chordPartTwo);
+    QString shape = QString::fromStdString(chords::shapeNote(state_.choice.generatorRoot(), capo_) +
+                                           state_.choice.chordPartTwo);
     const QString bass = bassText();
     if (!bass.isEmpty())
         shape += "/" + QString::fromStdString(chords::shapeNote(bass.mid(1).toStdString(), capo_));
