@@ -121,7 +121,7 @@ TEST(ChordsCommand, SvgDrawsTheFingeringAsTheNeckShowsIt) {
         {{"C", "--variation", "8"}, ">C/E<", "1 3 5", 3, 3, 0, 0, ""},
         // The capo lies over the nut as one more bar, and is named.
         {{"D", "--capo", "2"}, ">Capo 2<", "capo at the 2nd fret: C shape", 3, 2, 1, 1, ""},
-        {{"F#m", "--capo", "2", "--variation", "2"}, ">F#m/A<", "Em/G shape", 2, 3, 0, 0, ""},
+        {{"F#m", "--capo", "2", "--variation", "8"}, ">F#m/A<", "Em/G shape", 3, 3, 0, 1, ""},
     };
     const auto path = testing::TempDir() + "zt_chord.svg";
     for (const auto& row : rows) {
