@@ -36,6 +36,8 @@ class TunerBrain : public zt::Screen {
     // The tuning's name, and the capo's fret after it when there is one
     // ("Standard  ·  Capo 3").
     Q_PROPERTY(QString tuningName READ tuningName NOTIFY tuningChanged)
+    // The capo's fret, 0 for none.
+    Q_PROPERTY(int capo READ capo NOTIFY tuningChanged)
     // Each string's highlight (Highlight values), strings 1 to 6.
     Q_PROPERTY(QVariantList highlights READ highlights NOTIFY highlightsChanged)
     // Counts, per string, the fades begun: a view restarts its fade when
