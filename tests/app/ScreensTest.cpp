@@ -134,7 +134,8 @@ TEST_F(ScreensTest, EveryViewLoadsWithItsScreen) {
 }
 
 // The share of its meter that a view's level fill covers, and where its
-// threshold tick stands on it.
+// threshold tick stands on it (a meter that grows from its middle: the right
+// tick, from the middle, on the half).
 struct MeterReading {
     double fill = -1;
     double mark = -1;
@@ -143,12 +144,21 @@ struct MeterReading {
 MeterReading meterOf(const std::unique_ptr<QObject>& view) {
     const auto fills = itemsOf(view, QStringLiteral("levelFill"));
     const auto marks = itemsOf(view, QStringLiteral("thresholdMark"));
+    const auto mirrors = itemsOf(view, QStringLiteral("mirroredThresholdMark"));
     EXPECT_EQ(fills.size(), 1u);
     EXPECT_EQ(marks.size(), 1u);
     if (fills.size() != 1 || marks.size() != 1)
         return {};
     const double track = fills[0]->parentItem()->width();
-    return {fills[0]->width() / track, (marks[0]->x() + marks[0]->width() / 2) / track};
+    const double fill = fills[0]->width() / track;
+    const double mark = marks[0]->x() + marks[0]->width() / 2;
+    if (mirrors.empty())
+        return {fill, mark / track};
+    // Grown from the middle: the fill and the ticks sit alike on both sides.
+    const double mirror = mirrors[0]->x() + mirrors[0]->width() / 2;
+    EXPECT_NEAR(fills[0]->x() + fills[0]->width() / 2, track / 2, 1.0);
+    EXPECT_NEAR(mark + mirror, track, 1.0);
+    return {fill, (mark - track / 2) / (track / 2)};
 }
 
 // One tone, seen by the detector as a single spectral peak, read by the
@@ -211,7 +221,8 @@ TEST_F(ScreensTest, BothMetersShowAToneAlike) {
                                 std::to_string(percent) + " %";
         EXPECT_NEAR(onMic.fill, percent / 100.0, 1e-3) << row;
         EXPECT_NEAR(onTuner.fill, onMic.fill, r.tolerance + 0.01) << row;
-        EXPECT_NEAR(onTuner.mark, onMic.mark, 0.01) << row;
+        // Ticks stand on whole pixels: one is 0.02 of the tuner's 50-point half.
+        EXPECT_NEAR(onTuner.mark, onMic.mark, 0.025) << row;
         EXPECT_NEAR(onMic.mark, r.treshold / 100.0, 0.01) << row;
     }
 }

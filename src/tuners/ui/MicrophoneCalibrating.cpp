@@ -91,7 +91,6 @@ void MicrophoneCalibrating::viewWillAppear() {
         delegate_->setTresholdDelegate(tresholdPercent_);
     }
     emit changed();
-    startMeasuring();
 }
 
 void MicrophoneCalibrating::viewWillDisappear() {

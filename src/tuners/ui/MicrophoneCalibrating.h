@@ -3,9 +3,10 @@
 // level", 0 to 1) beside the threshold slider ("Current threshold", 0 to 1),
 // so that the user can set the level below which the detector ignores
 // sound. The level and the threshold are drawn on the meter scale every
-// level display shares (see LevelScale), and measuring starts as the screen
-// appears so that the level is live at once. OK saves the slider as the percentage "Treshold" and
-// goes back; Cancel goes back without saving.
+// level display shares (see LevelScale); the threshold's mark shows from the
+// moment the screen opens and follows the slider, the level once Start is
+// touched. OK saves the slider as the percentage "Treshold" and goes back;
+// Cancel goes back without saving.
 
 #include <QtQml/qqmlregistration.h>
 

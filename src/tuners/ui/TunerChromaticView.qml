@@ -76,10 +76,12 @@ Rectangle {
             }
         }
 
-        // The volume bar, 100 points wide under the dial, on the same scale
-        // as the microphone sensitivity meter, with the threshold marked.
+        // The volume bar, 100 points wide under the dial, growing from its
+        // middle, on the same scale as the microphone sensitivity meter, with
+        // the threshold marked.
         LevelMeter {
             objectName: "volumeBar"
+            centred: true
             x: 110 * view.unit
             y: 196 * view.unit
             width: 100 * view.unit
