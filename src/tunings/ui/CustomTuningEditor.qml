@@ -142,45 +142,63 @@ Rectangle {
                     }
                 }
             }
-            Row {
-                id: strings
-
+            Item {
                 width: parent.width
+                height: strings.height
 
-                Repeater {
-                    id: wheels
+                // The band of the notes picked, behind the middle rows.
+                Rectangle {
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: parent.width
+                    height: parent.height / 3
+                    radius: 6
+                    color: Theme.panelLight
+                }
+                Row {
+                    id: strings
 
-                    // By count, so that a new spelling keeps the wheels.
-                    model: 6
-                    delegate: KeyWheel {
-                        id: wheel
+                    width: parent.width
 
-                        required property int index
-                        readonly property bool known: notes.known[index]
+                    Repeater {
+                        id: wheels
 
-                        objectName: "stringWheel" + (6 - index)
-                        width: strings.width / 6
-                        height: 84
-                        wrap: false
-                        visibleItemCount: 3
-                        model: notes.choices[index]
-                        selectedRow: notes.rows[index]
-                        rowPixelSize: 13
-                        middlePixelSize: 16
-                        middleColor: known ? Theme.text : Theme.textDim
-                        Accessible.name: "String " + (6 - index)
-                        // Round the six strings, then back to the name.
-                        KeyNavigation.tab: index < 5 && wheels.count === 6
-                                           ? wheels.itemAt(index + 1) : nameField
-                        // Spelled afresh, the list goes back to its first row once
-                        // the change is through; it is put back on the string's note.
-                        onModelChanged: refollow.restart()
-                        onChosen: row => notes.pick(wheel.index, row)
+                        // By count, so that a new spelling keeps the wheels.
+                        model: 6
+                        delegate: KeyWheel {
+                            id: wheel
 
-                        Timer {
-                            id: refollow
-                            interval: 0
-                            onTriggered: wheel.currentIndex = wheel.selectedRow
+                            required property int index
+                            readonly property bool known: notes.known[index]
+
+                            objectName: "stringWheel" + (6 - index)
+                            width: strings.width / 6
+                            height: 84
+                            wrap: false
+                            clip: true
+                            visibleItemCount: 3
+                            model: notes.choices[index]
+                            selectedRow: notes.rows[index]
+                            rowPixelSize: 13
+                            middlePixelSize: 16
+                            middleColor: known ? Theme.text : Theme.textDim
+                            Accessible.name: "String " + (6 - index)
+                            // Round the six strings, then back to the name.
+                            KeyNavigation.tab: index < 5 && wheels.count === 6
+                                               ? wheels.itemAt(index + 1) : nameField
+                            // Spelled afresh, the list goes back to its first row once
+                            // the change is through; it is put straight back on the
+                            // string's note rather than turned there through the others.
+                            onModelChanged: refollow.restart()
+                            onChosen: row => notes.pick(wheel.index, row)
+
+                            Timer {
+                                id: refollow
+                                interval: 0
+                                onTriggered: {
+                                    wheel.currentIndex = wheel.selectedRow
+                                    wheel.positionViewAtIndex(wheel.selectedRow, Tumbler.Center)
+                                }
+                            }
                         }
                     }
                 }
