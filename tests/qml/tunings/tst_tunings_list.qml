@@ -187,6 +187,8 @@ Item {
             compare(notes.text, "D2 A2 D3 G3 B3 E5", "End goes up an octave")
             keyClick(Qt.Key_Home)
             compare(notes.text, "D2 A2 D3 G3 B3 E3")
+            keyClick(Qt.Key_Tab)
+            verify(find("tuningName").activeFocus, "Tab goes round from the first string")
 
             notes.forceActiveFocus()
             notes.selectAll()
