@@ -205,7 +205,8 @@ Rectangle {
             }
             Text {
                 width: parent.width
-                text: "Six notes with their octaves, lowest string first."
+                text: "Six notes with their octaves, lowest string first: type them, or "
+                      + "turn each string's wheel."
                 wrapMode: Text.WordWrap
                 color: Theme.textDim
                 font.pixelSize: 12
