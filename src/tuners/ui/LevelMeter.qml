@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 // An input-level meter: a track filled to `level` and a tick at `mark`, both
 // 0 to 1 on the one scale every level display shares. The fill is lit once
 // it reaches the mark, where sound starts to count. A `centred` meter grows
