@@ -37,9 +37,10 @@ Item {
         function test_leftHandedIsOneSwitchForBothTools() {
             const chords = App.tools.screen("chordsLibrarySettings")
             const byEar = App.tools.screen("tunerBrainSettings")
-            const view = createTemporaryObject(page, root, {screen: chords})
+            // Under the page, which takes the clicks.
             const brain = createTemporaryObject(brainPage, root,
                                                 {screen: App.tools.screen("tunerBrain")})
+            const view = createTemporaryObject(page, root, {screen: chords})
             const row = findChild(view, "leftHandedRow")
             const toggle = findChild(view, "leftHandedSwitch")
             verify(row && toggle, "the row and its switch")
