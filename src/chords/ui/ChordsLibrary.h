@@ -78,6 +78,11 @@ class ChordsLibrary : public zt::Screen {
     // By string number ([n - 1]): whether string n is lit, its note having
     // begun to be heard less than kLightSeconds ago.
     Q_PROPERTY(QVariantList litStrings READ litStrings NOTIFY litChanged)
+    // Drawn for a left-handed player: the neck, the strip and the strings'
+    // touches mirrored, the 6th string on the right. stringXs: where each
+    // string is drawn, by string number ([n - 1]), in TouchView's points.
+    Q_PROPERTY(bool leftHanded READ leftHanded NOTIFY handChanged)
+    Q_PROPERTY(QVariantList stringXs READ stringXs NOTIFY handChanged)
 
 public:
     // How long a string stays lit once heard: for the eye only, sound
@@ -123,6 +128,11 @@ public:
     QString fingersTitle() const { return QStringLiteral("Fingers"); }
     QVariantList litStrings() const;
     bool isLit(int stringNumber) const;
+    bool leftHanded() const { return touch_.leftHanded(); }
+    QVariantList stringXs() const;
+    // The string a tap at x (TouchView's points) lands on, 0 for none.
+    Q_INVOKABLE int stringAt(qreal x) const;
+    void setLeftHanded(bool on);
     // Whether the lights are still following the sound.
     bool lightsFollowing() const { return lightTimer_.isActive(); }
 
@@ -187,11 +197,13 @@ signals:
     void flagChanged();
     void lockedChanged();
     void litChanged();
+    void handChanged();
 
 private:
     bool canSound() const;
     // Fetches the chord's fingerings and shows the one at the index.
     void reload();
+    void drawDiagrams();
     // Shows the fingering at the index (bounded by the count).
     void paint();
     void updateTuningName();

@@ -4,6 +4,8 @@
 //   1  the tool's one switch (the by-ear tuner's "Loop", the chords
 //      library's "Show notes"); the tool follows at once
 //   2  "Tunings", with the current tuning's name: opens the tunings list
+// and, apart from the list, the "Left-handed" switch that all the tools
+// share: flipped on either tool's page, it is on in the other's too.
 // What differs between tools (the switch's title, where its value lives,
 // the key it is saved under and when) is given at construction; the saved
 // section and the way to the tunings list are the mediator's. The QML view
@@ -33,6 +35,8 @@ class ToolSettings : public zt::Screen {
     Q_PROPERTY(QString tuningsTitle READ tuningsTitle CONSTANT)
     Q_PROPERTY(bool isOn READ isOn NOTIFY isOnChanged)
     Q_PROPERTY(QString nameOfTuning READ nameOfTuning NOTIFY nameOfTuningChanged)
+    Q_PROPERTY(QString leftHandedTitle READ leftHandedTitle CONSTANT)
+    Q_PROPERTY(bool leftHanded READ leftHanded NOTIFY leftHandedChanged)
 
 public:
     // When the switch's value is saved: as it flips, or as the page goes.
@@ -86,7 +90,14 @@ public:
     // A row touched: only row 2 leads anywhere (the tunings list).
     Q_INVOKABLE void selectRow(int row);
 
-    // Takes the value from the tool and the tuning's name afresh.
+    QString leftHandedTitle() const { return QStringLiteral("Left-handed"); }
+    bool leftHanded() const { return leftHanded_; }
+    // The shared switch changed: flips it for every tool.
+    Q_INVOKABLE void flipLeftHanded();
+    // The shared value as it is now (the mediator tells each page).
+    void showLeftHanded(bool on);
+
+    // Takes the values from the tool and the tuning's name afresh.
     void viewWillAppear() override;
     void viewWillDisappear() override;
 
@@ -96,6 +107,7 @@ public:
 signals:
     void isOnChanged();
     void nameOfTuningChanged();
+    void leftHandedChanged();
 
 private:
     void readValue();
@@ -104,6 +116,7 @@ private:
     ToolSettingsDelegate* delegate_ = nullptr;
     bool isOn_ = false;
     QString nameOfTuning_;
+    bool leftHanded_ = false;
 };
 
 }  // namespace zt
