@@ -29,8 +29,9 @@ run: build
 		echo "Screenshots are in $$(pwd)/screenshots/"; \
 	fi
 
+# The user guide's pictures (docs/screenshots), the tuner hearing a tone.
 screenshots: build
-	@QT_QPA_PLATFORM=offscreen ZEBTOOLS_DATA_DIR=$$(mktemp -d) $(BUILD_DIR)/src/zebtools --screenshot docs/screenshots
+	@bash tools/doc-screenshots.sh $(BUILD_DIR)/src/zebtools docs/screenshots
 
 test: build
 	@ctest --preset default -j $(JOBS)

@@ -110,6 +110,9 @@ inline constexpr IntKey kTuning{"Tuning", 0, 0, 52};
 // Our own key, absent from older files: the name of the user's tuning in use
 // ("Tuning" is then 0), or empty for one of the catalogue's.
 inline constexpr TextKey kCustomTuning{"CustomTuning", ""};
+// Also our own: the tools drawn for a left-handed player, the low string on
+// the right. Off unless chosen.
+inline constexpr BoolKey kLeftHanded{"LeftHanded", false};
 }  // namespace common
 
 // The saved value under key, or its default when the value is missing, of

@@ -43,6 +43,7 @@ std::string SettingsProxy::getTuningName() const {
 }
 
 void SettingsProxy::initVariables(const Dictionary& savedData) {
+    leftHanded_ = state::read(savedData, state::common::kLeftHanded);
     const std::string custom = state::read(savedData, state::common::kCustomTuning);
     customSaved_ = !custom.empty();
     if (custom.empty()) {

@@ -17,6 +17,9 @@
 
 namespace zt {
 
+// Sent when the left-handed switch changes; SettingsProxy holds the value.
+inline constexpr const char* kLeftHandedChanged = "LeftHandedChanged";
+
 class SettingsProxy : public Proxy, public SavedDataReceiver {
 public:
     static constexpr const char* NAME = "SettingsProxy";
@@ -43,8 +46,12 @@ public:
     // Goes up whenever the user's tunings change.
     int tuningsVersion() const { return version_; }
 
+    // Whether the tools are drawn for a left-handed player; shared by all.
+    bool leftHanded() const { return leftHanded_; }
+    void setLeftHanded(bool on) { leftHanded_ = on; }
+
     // Takes "Tuning" (and "CustomTuning") from the common saved section; a
-    // missing or unusable value gives 0.
+    // missing or unusable value gives 0. "LeftHanded" too, off when absent.
     void initVariables(const Dictionary& savedData) override;
     // Adds what a save of the common section needs for the current tuning
     // to settings (which holds "Tuning").
@@ -66,6 +73,7 @@ private:
     std::vector<std::string> notesStand_;
     std::vector<std::string> tuningNameArray_;
     int tuningSound_ = 0;
+    bool leftHanded_ = false;
     int version_ = 0;
     // The saved section may name a user's tuning: a save must clear it.
     bool customSaved_ = false;

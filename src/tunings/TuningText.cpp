@@ -17,8 +17,10 @@ constexpr std::array<std::string_view, 12> kFlatNames = {"C",  "Db", "D",  "Eb",
                                                          "Gb", "G",  "Ab", "A",  "Bb", "B"};
 // Letters C to B as pitches.
 constexpr std::array<int, 7> kLetterPitch = {9, 11, 0, 2, 4, 5, 7};  // A B C D E F G
-// Standard tuning, sixth string first: E2 A2 D3 G3 B3 E4.
-constexpr std::array<int, 6> kStandard = {28, 33, 38, 43, 47, 52};
+// The music signs as a keyboard may give them, with their plain letters.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kSigns = {
+    std::pair{"\u266F", "#"}, std::pair{"\u266D", "b"}};
+constexpr std::string_view kSeparators = " \t,&";
 
 std::string lower(std::string_view text) {
     std::string out(text);
@@ -132,16 +134,32 @@ bool matchesFilter(std::string_view query, std::string_view name, std::string_vi
     return false;
 }
 
-TypedTuning parseTyped(std::string_view text) {
-    // The music signs as a keyboard may give them.
-    std::string plain(text);
-    for (const auto& [sign, ascii] : {std::pair{"\u266F", "#"}, std::pair{"\u266D", "b"}}) {
+std::string noteName(int position, bool flats) {
+    const auto pitch = static_cast<std::size_t>(position % 12);
+    return std::string((flats ? kFlatNames : kSharpNames)[pitch]) + std::to_string(position / 12);
+}
+
+std::vector<std::string_view> typedWords(std::string_view text) {
+    return words(text, kSeparators);
+}
+
+std::optional<Pitch> parseTypedWord(std::string_view word) {
+    std::string plain(word);
+    for (const auto& [sign, ascii] : kSigns) {
         for (std::size_t at; (at = plain.find(sign)) != std::string::npos;)
-            plain.replace(at, std::string_view(sign).size(), ascii);
+            plain.replace(at, sign.size(), ascii);
     }
-    const auto typed = words(plain, " \t,&");
+    return parseToken(plain);
+}
+
+bool typedFlat(std::string_view word) {
+    return (word.size() == 3 && word[1] == 'b') || word.find(kSigns[1].first) == 1;
+}
+
+TypedTuning parseTyped(std::string_view text) {
+    const auto typed = typedWords(text);
     TypedTuning out;
-    if (typed.size() != kStandard.size()) {
+    if (typed.size() != kStandardStrings.size()) {
         out.error =
             "Type six notes with their octaves, lowest string first (for example D2 A2 "
             "D3 G3 A3 D4); there are " +
@@ -151,25 +169,23 @@ TypedTuning parseTyped(std::string_view text) {
     std::string notes;
     for (std::size_t i = 0; i < typed.size(); ++i) {
         const std::string stringName = "String " + std::to_string(6 - i);
-        const auto pitch = parseToken(typed[i]);
+        const auto pitch = parseTypedWord(typed[i]);
         if (!pitch) {
             out.error = stringName + ": \"" + std::string(typed[i]) +
                         "\" is not a note. Use a letter from A to G, then # or b if needed, "
                         "then the octave (E2, F#3, Bb1).";
             return out;
         }
-        if (std::abs(pitch->position() - kStandard[i]) > 12) {
+        if (std::abs(pitch->position() - kStandardStrings[i]) > kStringReach) {
             out.error = stringName + ": " + std::string(typed[i]) +
-                        " is more than an octave from " +
-                        std::string(kSharpNames[static_cast<std::size_t>(kStandard[i] % 12)]) +
-                        std::to_string(kStandard[i] / 12) + ", where the string is normally.";
+                        " is more than an octave from " + noteName(kStandardStrings[i], false) +
+                        ", where the string is normally.";
             return out;
         }
-        out.flats = out.flats || (typed[i].size() == 3 && typed[i][1] == 'b');
+        out.flats = out.flats || typedFlat(typed[i]);
         if (!notes.empty())
             notes += '&';
-        notes += std::string(kSharpNames[static_cast<std::size_t>(pitch->pitch)]) +
-                 std::to_string(pitch->octave);
+        notes += noteName(pitch->position(), false);
     }
     out.notes = notes;
     return out;
@@ -181,10 +197,7 @@ std::string typedForm(std::string_view notes, bool flats) {
         if (!out.empty())
             out += ' ';
         const auto pitch = parseToken(token);
-        out += pitch ? std::string((flats ? kFlatNames
-                                          : kSharpNames)[static_cast<std::size_t>(pitch->pitch)]) +
-                           std::to_string(pitch->octave)
-                     : token;
+        out += pitch ? noteName(pitch->position(), flats) : token;
     }
     return out;
 }

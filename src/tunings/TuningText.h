@@ -8,9 +8,11 @@
 // minor chords ("Crossnote F" is F minor, with A flat). Every other tuning
 // keeps its sharps. A tuning typed with flats keeps them.
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zt::tunings {
 
@@ -22,6 +24,15 @@ struct Pitch {
     int position() const { return 12 * octave + pitch; }
 };
 std::optional<Pitch> parseToken(std::string_view token);
+
+// Standard tuning as positions (12 * octave + pitch), sixth string first:
+// E2 A2 D3 G3 B3 E4. A user's string may lie up to kStringReach semitones
+// either side of its standard note.
+inline constexpr std::array<int, 6> kStandardStrings = {28, 33, 38, 43, 47, 52};
+inline constexpr int kStringReach = 12;
+
+// A position as a note with its octave, "A#1", or "Bb1" with flats.
+std::string noteName(int position, bool flats);
 
 // Whether a tuning of this name is spelled with flats (see above).
 bool spellsWithFlats(std::string_view name);
@@ -44,6 +55,14 @@ struct TypedTuning {
     std::string error;   // what is wrong, for the editor; empty when fine
 };
 TypedTuning parseTyped(std::string_view text);
+
+// The words of a typed tuning as they lie in the text, separators left out.
+std::vector<std::string_view> typedWords(std::string_view text);
+// One typed word as a note: parseToken once the music signs (U+266F, U+266D)
+// are read as # and b.
+std::optional<Pitch> parseTypedWord(std::string_view word);
+// Whether a typed word spells its note with a flat.
+bool typedFlat(std::string_view word);
 
 // The stored form back as the user types it: "D2 A2 D3 G3 A3 D4".
 std::string typedForm(std::string_view notes, bool flats);

@@ -11,12 +11,17 @@
 #include <QThread>
 #include <memory>
 #include <set>
+#include <string>
+#include <vector>
 
 #include "AppTestEnvironment.h"
 #include "app/ApplicationFacade.h"
 #include "app/Screens.h"
 #include "app/Tools.h"
+#include "dsp/FrequencyAnalyzer.h"
+#include "dsp/OvertonePDA.h"
 #include "state/StateKeys.h"
+#include "tuners/ui/MicrophoneCalibrating.h"
 #include "tuners/ui/OrchestraControl.h"
 #include "tuners/ui/TunerChromatic.h"
 
@@ -128,21 +133,97 @@ TEST_F(ScreensTest, EveryViewLoadsWithItsScreen) {
         EXPECT_NE(viewOf(engine, tools, keyOf(row)), nullptr) << row.key;
 }
 
-// Every level from 1 to 10 lights one more segment either side of the centre
-// segment, so that each looks different.
-TEST_F(ScreensTest, VolumeBarShowsEveryLevel) {
+// The share of its meter that a view's level fill covers, and where its
+// threshold tick stands on it (a meter that grows from its middle: the right
+// tick, from the middle, on the half).
+struct MeterReading {
+    double fill = -1;
+    double mark = -1;
+};
+
+MeterReading meterOf(const std::unique_ptr<QObject>& view) {
+    const auto fills = itemsOf(view, QStringLiteral("levelFill"));
+    const auto marks = itemsOf(view, QStringLiteral("thresholdMark"));
+    const auto mirrors = itemsOf(view, QStringLiteral("mirroredThresholdMark"));
+    EXPECT_EQ(fills.size(), 1u);
+    EXPECT_EQ(marks.size(), 1u);
+    if (fills.size() != 1 || marks.size() != 1)
+        return {};
+    const double track = fills[0]->parentItem()->width();
+    const double fill = fills[0]->width() / track;
+    const double mark = marks[0]->x() + marks[0]->width() / 2;
+    if (mirrors.empty())
+        return {fill, mark / track};
+    // Grown from the middle: the fill and the ticks sit alike on both sides.
+    const double mirror = mirrors[0]->x() + mirrors[0]->width() / 2;
+    EXPECT_NEAR(fills[0]->x() + fills[0]->width() / 2, track / 2, 1.0);
+    EXPECT_NEAR(mark + mirror, track, 1.0);
+    return {fill, (mark - track / 2) / (track / 2)};
+}
+
+// One tone, seen by the detector as a single spectral peak, read by the
+// tuner (a pitch step) and by the sensitivity screen (a percentage): both
+// meters show it at the same place, within half a step, and mark the
+// threshold at the same place.
+TEST_F(ScreensTest, BothMetersShowAToneAlike) {
     Tools tools(engines_);
     QQmlEngine engine;
-    const auto view = viewOf(engine, tools, QStringLiteral("tunerChromatic"));
-    const auto segments = itemsOf(view, QStringLiteral("volumeSegment"));
-    ASSERT_EQ(segments.size(), 19u);
+    const auto tunerView = viewOf(engine, tools, QStringLiteral("tunerChromatic"));
+    const auto micView = viewOf(engine, tools, QStringLiteral("microphoneCalibrating"));
+    ASSERT_TRUE(tunerView && micView);
+    for (QObject* view : {tunerView.get(), micView.get()}) {
+        view->setProperty("width", 320);
+        view->setProperty("height", 480);
+    }
     auto* tuner = qobject_cast<TunerChromatic*>(tools.screen(QStringLiteral("tunerChromatic")));
-    for (int level = 0; level <= 10; ++level) {
-        tuner->showNoteAndFreq({"A", 440.0, 440.0, 0.0, level, 1});
-        const auto lit = std::count_if(segments.begin(), segments.end(), [](QQuickItem* item) {
-            return item->property("lit").toBool();
-        });
-        EXPECT_EQ(lit, level == 0 ? 0 : 2 * level - 1) << "level " << level;
+    auto* mic =
+        qobject_cast<MicrophoneCalibrating*>(tools.screen(QStringLiteral("microphoneCalibrating")));
+    OvertonePDA detector{TaperSettings(1)};
+    std::vector<double> spectrum(FrequencyAnalyzer::kBins);
+    const struct {
+        int treshold;
+        double peak;  // the tone's strongest bin
+        double tolerance;
+    } rows[] = {{50, 125.0, 0.05},
+                {50, 140.0, 0.05},
+                {50, 160.0, 0.05},
+                {50, 100.0, 0.05},
+                {20, 90.0, 0.05},
+                {20, 170.0, 0.05},
+                {80, 180.0, 0.05},
+                {80, 195.0, 0.05},
+                {35, 200.0, 0.05},
+                {0, 80.0, 0.05},
+                {100, 200.0, 0.05},
+                // Far below the threshold the tuner's lowest step is open
+                // below, and far above the tuner's top step is open above.
+                {50, 60.0, 0.1},
+                {10, 200.0, 0.4}};
+    for (const auto& r : rows) {
+        std::fill(spectrum.begin(), spectrum.end(), 1.0);  // a quiet floor
+        spectrum[225] = r.peak;                            // about 440 Hz
+        detector.changeSensitivity(r.treshold);
+        detector.loadForPitch(spectrum.data(), FrequencyAnalyzer::kTransformLength,
+                              FrequencyAnalyzer::kSampleRate);
+        const int step = detector.getVolumeLevel();
+        detector.loadForVolume(spectrum.data(), FrequencyAnalyzer::kTransformLength);
+        const int percent = detector.getVolumeLevel();
+
+        tuner->setSavedData({{"Treshold", r.treshold}});
+        tuner->showNoteAndFreq({"A4", 440.0, 440.0, 0.0, step, 9});
+        mic->setTreshold(r.treshold);
+        mic->showIntensity(percent);
+
+        const MeterReading onTuner = meterOf(tunerView);
+        const MeterReading onMic = meterOf(micView);
+        const std::string row = "threshold " + std::to_string(r.treshold) + ", peak " +
+                                std::to_string(r.peak) + ": step " + std::to_string(step) + ", " +
+                                std::to_string(percent) + " %";
+        EXPECT_NEAR(onMic.fill, percent / 100.0, 1e-3) << row;
+        EXPECT_NEAR(onTuner.fill, onMic.fill, r.tolerance + 0.01) << row;
+        // Ticks stand on whole pixels: one is 0.02 of the tuner's 50-point half.
+        EXPECT_NEAR(onTuner.mark, onMic.mark, 0.025) << row;
+        EXPECT_NEAR(onMic.mark, r.treshold / 100.0, 0.01) << row;
     }
 }
 

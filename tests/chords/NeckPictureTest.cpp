@@ -90,6 +90,60 @@ TEST(NeckPicture, TheEmptyNeckHasSixBareStrings) {
     EXPECT_TRUE(neck.barres.isEmpty());
 }
 
+TEST(NeckPicture, LeftHandedMirrorsWhereTheStringsAndBarresAreDrawnNotWhatTheySay) {
+    const ChordShape f = shapeFor("F", "", "1 3 3 2 1 1");
+    const NeckPicture right = NeckPicture::of(f, false);
+    const NeckPicture left = NeckPicture::of(f, false, true);
+    EXPECT_EQ(picture(left), picture(right));
+    for (int i = 0; i < 6; ++i) {
+        const QVariantMap string = left.strings[i].toMap();
+        EXPECT_EQ(string["string"].toInt(), 6 - i);
+        EXPECT_DOUBLE_EQ(string["x"].toDouble(),
+                         TouchView::kWidth - right.strings[i].toMap()["x"].toDouble());
+    }
+    EXPECT_DOUBLE_EQ(left.strings[0].toMap()["x"].toDouble(), 213.5) << "the 6th on the right";
+    const QVariantMap barre = left.barres[0].toMap();
+    EXPECT_DOUBLE_EQ(barre["fromX"].toDouble(), TouchView::stringX(6, true));
+    EXPECT_DOUBLE_EQ(barre["toX"].toDouble(), TouchView::stringX(1, true));
+    const NeckPicture bare = NeckPicture::empty(true);
+    EXPECT_DOUBLE_EQ(bare.strings[5].toMap()["x"].toDouble(), 43.5) << "the 1st on the left";
+}
+
+struct DiagramCase {
+    const char* name;
+    const char *root, *type, *frets;
+    bool leftHanded;
+    QVariantList drawn;  // frets from the left column to the right
+    int barreFrom, barreTo, barreLeft, barreRight;
+};
+void PrintTo(const DiagramCase& c, std::ostream* os) {
+    *os << c.name;
+}
+
+class Diagrams : public ::testing::TestWithParam<DiagramCase> {};
+
+TEST_P(Diagrams, DrawTheStringsInColumnsForEitherHand) {
+    const auto& c = GetParam();
+    const QVariantMap diagram = smallDiagram(shapeFor(c.root, c.type, c.frets), "", c.leftHanded);
+    EXPECT_EQ(diagram["frets"].toList(), c.drawn);
+    ASSERT_EQ(diagram["barres"].toList().size(), 1);
+    const QVariantMap barre = diagram["barres"].toList()[0].toMap();
+    EXPECT_EQ(barre["from"].toInt(), c.barreFrom);
+    EXPECT_EQ(barre["to"].toInt(), c.barreTo);
+    EXPECT_EQ(barre["left"].toInt(), c.barreLeft);
+    EXPECT_EQ(barre["right"].toInt(), c.barreRight);
+}
+
+INSTANTIATE_TEST_SUITE_P(BothHands, Diagrams,
+                         ::testing::Values(DiagramCase{"RightBm", "B", "m", "x 2 4 4 3 2", false,
+                                                       QVariantList{-1, 2, 4, 4, 3, 2}, 5, 1, 1, 5},
+                                           DiagramCase{"LeftBm", "B", "m", "x 2 4 4 3 2", true,
+                                                       QVariantList{2, 3, 4, 4, 2, -1}, 5, 1, 0, 4},
+                                           DiagramCase{"LeftFullBarre", "A", "m", "5 7 7 5 5 5",
+                                                       true, QVariantList{5, 5, 5, 7, 7, 5}, 6, 1,
+                                                       0, 5}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 TEST(SmallDiagram, ListsFretsFromTheSixthStringWithItsBarresAndCaption) {
     const QVariantMap diagram = smallDiagram(shapeFor("A", "m", "5 7 7 5 5 5"), "/E");
     EXPECT_EQ(diagram["frets"].toList(), (QVariantList{5, 7, 7, 5, 5, 5}));

@@ -47,14 +47,57 @@ INSTANTIATE_TEST_SUITE_P(
                       BandCase{"NotANumber", std::numeric_limits<double>::quiet_NaN(), 0}),
     [](const auto& info) { return std::string(info.param.name); });
 
+using Playable = std::array<bool, kStringCount>;
+constexpr Playable kAll{true, true, true, true, true, true};
+
 TEST(TouchView, EachDrawnStringLiesInItsOwnBand) {
     for (int n = 1; n <= 6; ++n)
         EXPECT_EQ(TouchView::bandAt(TouchView::stringX(n) - TouchView::kShift), n) << n;
     EXPECT_EQ(TouchView::bandAt(TouchView::kWidth - TouchView::kShift), 0);
+    // Either hand: a finger on a string as drawn plays it, a tap lands on it.
+    for (const bool left : {false, true}) {
+        for (int n = 1; n <= 6; ++n) {
+            TouchView view;
+            view.setLeftHanded(left);
+            const double x = TouchView::stringX(n, left);
+            EXPECT_EQ(view.touchesMoved(x, 1, kAll), n) << n << (left ? " left" : " right");
+            EXPECT_EQ(TouchView::stringNear(x, left), n) << n << (left ? " left" : " right");
+        }
+    }
 }
 
-using Playable = std::array<bool, kStringCount>;
-constexpr Playable kAll{true, true, true, true, true, true};
+struct TapCase {
+    const char* name;
+    double x;
+    bool leftHanded;
+    int string;
+};
+
+class Taps : public ::testing::TestWithParam<TapCase> {};
+
+TEST_P(Taps, LandOnTheStringDrawnUnderThem) {
+    EXPECT_EQ(TouchView::stringNear(GetParam().x, GetParam().leftHanded), GetParam().string);
+}
+
+// Right-handed the 6th is drawn at 43.5 and the 1st at 213.5; left-handed
+// the other way round. Each string reaches 17 points either side.
+INSTANTIATE_TEST_SUITE_P(
+    BothHands, Taps,
+    ::testing::Values(TapCase{"RightSixthOnTheLeft", 43.5, false, 6},
+                      TapCase{"LeftSixthOnTheRight", 213.5, true, 6},
+                      TapCase{"RightFirstOnTheRight", 213.5, false, 1},
+                      TapCase{"LeftFirstOnTheLeft", 43.5, true, 1},
+                      TapCase{"RightThirdLeftFourth", 145.5, false, 3},
+                      TapCase{"LeftFourthRightThird", 145.5, true, 4},
+                      TapCase{"RightMidwayGoesToTheLower", 60.5, false, 6},
+                      TapCase{"LeftMidwayGoesToTheLower", 196.5, true, 6},
+                      TapCase{"RightEdgeOfTheSixth", 26.5, false, 6},
+                      TapCase{"RightPastTheSixth", 26.4, false, 0},
+                      TapCase{"LeftEdgeOfTheSixth", 230.5, true, 6},
+                      TapCase{"LeftPastTheSixth", 230.6, true, 0},
+                      TapCase{"LeftPastTheFirst", 26.4, true, 0},
+                      TapCase{"NotANumber", std::numeric_limits<double>::quiet_NaN(), true, 0}),
+    [](const auto& info) { return std::string(info.param.name); });
 // A minor: the 6th string is muted.
 constexpr Playable kAMinor{true, true, true, true, true, false};
 
@@ -64,6 +107,7 @@ struct DragCase {
     std::vector<double> xs;  // positions in the view, one move each
     int touches;
     std::vector<int> played;
+    bool leftHanded = false;
 };
 
 class Drags : public ::testing::TestWithParam<DragCase> {};
@@ -71,6 +115,7 @@ class Drags : public ::testing::TestWithParam<DragCase> {};
 TEST_P(Drags, PlayEachStringOnceAsItIsCrossed) {
     const auto& c = GetParam();
     TouchView view;
+    view.setLeftHanded(c.leftHanded);
     std::vector<int> played;
     for (double x : c.xs) {
         if (const int string = view.touchesMoved(x, c.touches, c.canPlay))
@@ -97,7 +142,24 @@ INSTANTIATE_TEST_SUITE_P(
         DragCase{"BackOverTheStringBeforePlaysItAgain", kAll, {80, 115, 80, 115}, 1, {5, 4, 5, 4}},
         DragCase{"LeavingTheStringsUnlocksThem", kAll, {215, 250, 215, 5, 45}, 1, {1, 1, 6}},
         DragCase{"TheShiftMovesTheBandsRight", kAll, {16.9, 17, 60.9, 61}, 1, {6, 5}},
-        DragCase{"TwoFingersDoNotStrum", kAll, {45, 80, 115}, 2, {}}),
+        DragCase{"TwoFingersDoNotStrum", kAll, {45, 80, 115}, 2, {}},
+        // Left-handed the low string is on the right: a strum down goes
+        // right to left, and the bands and their shift are mirrored.
+        DragCase{"LeftHandedDownFromTheRight",
+                 kAll,
+                 {252, 227, 212, 197, 177, 157, 142, 127, 107, 87, 67, 57, 42, 22, 7},
+                 1,
+                 {6, 5, 4, 3, 2, 1},
+                 true},
+        DragCase{"LeftHandedUpFromTheLeft",
+                 kAll,
+                 {7, 42, 77, 107, 142, 177, 212, 252},
+                 1,
+                 {1, 2, 3, 4, 5, 6},
+                 true},
+        DragCase{"LeftHandedMutedSixthOnTheRight", kAMinor, {252, 212, 177}, 1, {5}, true},
+        DragCase{
+            "LeftHandedShiftMovesTheBandsLeft", kAll, {240.1, 240, 196.1, 196}, 1, {6, 5}, true}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST(TouchView, AMutedBandNeitherPlaysNorUnlocks) {

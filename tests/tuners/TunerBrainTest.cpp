@@ -314,5 +314,55 @@ TEST_F(TunerBrainTest, TheCapoRowRaisesTheStringsAtOnceSilencesThemAndIsSavedAtO
     EXPECT_EQ(brain_.tuningName(), "Standard");
 }
 
+struct HandCase {
+    const char* name;
+    Value saved;  // "LeftHanded" in the common section; null: absent
+    bool flip;    // then flipped on the settings page
+    std::vector<int> order;
+};
+void PrintTo(const HandCase& c, std::ostream* os) {
+    *os << c.name;
+}
+
+class ByEarHands : public TunerBrainTest, public ::testing::WithParamInterface<HandCase> {};
+
+TEST_P(ByEarHands, MirrorTheStringsOrderButNotTheirNumbers) {
+    const auto& c = GetParam();
+    start({}, c.saved.isNull() ? Dictionary{} : Dictionary{{"LeftHanded", c.saved}});
+    settings.viewWillAppear();
+    if (c.flip)
+        settings.flipLeftHanded();
+    QVariantList order;
+    for (int n : c.order)
+        order << n;
+    EXPECT_EQ(brain_.stringOrder(), order);
+    EXPECT_EQ(brain_.leftHanded(), c.order.front() == 1);
+    EXPECT_EQ(settings.leftHanded(), brain_.leftHanded());
+    output.calls.clear();
+    for (int key = Qt::Key_1; key <= Qt::Key_6; ++key)
+        EXPECT_TRUE(brain_.keyPressed(key));
+    EXPECT_EQ(output.calls, (Calls{"play 1 0 once", "play 2 0 once", "play 3 0 once",
+                                   "play 4 0 once", "play 5 0 once", "play 6 0 once"}))
+        << "keys 1 to 6 are strings 1 to 6 whichever way they are drawn";
+    if (c.flip) {
+        const Dictionary saved = readDictionary(statePath());
+        EXPECT_EQ(valueFor(valueFor(saved, "CommonSettings").dictionary(), "LeftHanded"),
+                  Value(brain_.leftHanded()));
+        EXPECT_EQ(savedSection(), (Dictionary{{"Loop", false}})) << "not the by-ear section";
+    }
+}
+
+const std::vector<int> kSixthLeft{6, 5, 4, 3, 2, 1};
+const std::vector<int> kSixthRight{1, 2, 3, 4, 5, 6};
+INSTANTIATE_TEST_SUITE_P(Saved, ByEarHands,
+                         ::testing::Values(HandCase{"AbsentFromAnOlderFile", Value(), false,
+                                                    kSixthLeft},
+                                           HandCase{"Off", Value(false), false, kSixthLeft},
+                                           HandCase{"On", Value(true), false, kSixthRight},
+                                           HandCase{"Unreadable", Value("left"), false, kSixthLeft},
+                                           HandCase{"FlippedOn", Value(), true, kSixthRight},
+                                           HandCase{"FlippedOff", Value(true), true, kSixthLeft}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 }  // namespace
 }  // namespace zt::test

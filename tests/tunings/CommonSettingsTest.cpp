@@ -266,3 +266,46 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(SaveMomentCase{"Flipped", ToolSettings::SaveMoment::Flipped, {kSavedOff}, {}},
                       SaveMomentCase{"Left", ToolSettings::SaveMoment::Left, {}, {kSavedOff}}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// The left-handed switch is one for all the tools: each page shows what
+// the other set, it is saved beside the tuning at once, and a later start
+// reads it back. A file that never had it opens right-handed.
+TEST_F(CommonSettingsTest, TheLeftHandedSwitchIsSharedByEveryToolsPageAndSaved) {
+    auto& facade = Facade::getInstance();
+    bool unused = false;
+    auto page = [&unused](const char* name) {
+        return std::make_unique<ToolSettings>(ToolSettings::Switch{
+            name, name, name, ToolSettings::SaveMoment::Flipped, [&unused] { return unused; },
+            [&unused](bool on) { unused = on; }});
+    };
+    auto chords = page("Chords");
+    auto byEar = page("ByEar");
+    facade.registerMediator(makeMediator<ToolSettingsMediator>("ChordsPage", chords.get(),
+                                                               "SaveTest", "ShowTestTuning"));
+    facade.registerMediator(
+        makeMediator<ToolSettingsMediator>("ByEarPage", byEar.get(), "SaveTest", "ShowTestTuning"));
+    auto common = [] { return *makeProxy<StateProxy>()->getCommonData(); };
+    EXPECT_FALSE(chords->leftHanded());
+    EXPECT_FALSE(byEar->leftHanded());
+    EXPECT_TRUE(valueFor(common(), "LeftHanded").isNull()) << "nothing is written unasked";
+
+    const std::pair<ToolSettings*, bool> flips[] = {
+        {chords.get(), true}, {byEar.get(), false}, {byEar.get(), true}};
+    for (const auto& [flipped, on] : flips) {
+        sent.clear();
+        flipped->flipLeftHanded();
+        EXPECT_EQ(chords->leftHanded(), on);
+        EXPECT_EQ(byEar->leftHanded(), on);
+        EXPECT_EQ(settings->leftHanded(), on);
+        EXPECT_EQ(sent, std::vector<std::string>{"SaveCommonState " +
+                                                 Value(Dictionary{{"LeftHanded", on}}).describe()});
+        EXPECT_EQ(valueFor(common(), "LeftHanded"), Value(on));
+        EXPECT_EQ(valueFor(common(), "Tuning"), Value(0));
+        EXPECT_FALSE(unused) << "the tool's own switch stays";
+    }
+    auto later = makeProxy<SettingsProxy>();
+    later->initVariables(common());
+    EXPECT_TRUE(later->leftHanded());
+    later->initVariables(defaultFile().at("CommonSettings").dictionary());
+    EXPECT_FALSE(later->leftHanded());
+}

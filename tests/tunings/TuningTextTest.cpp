@@ -1,7 +1,8 @@
-// How tunings are spelled and found on the list, and how a typed tuning is
-// read.
+// How tunings are spelled and found on the list, how a typed tuning is read,
+// and how its strings are picked from their lists.
 #include <gtest/gtest.h>
 
+#include "tunings/StringPicks.h"
 #include "tunings/TuningList.h"
 #include "tunings/TuningText.h"
 
@@ -121,5 +122,112 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"E2 A2 D3 G3 B3", "", false, "there are 5"},
         TypedCase{"E2 A2 D3 G3 B3 E4 A4", "", false, "there are 7"},
         TypedCase{"", "", false, "there are 0"}));
+
+struct PicksCase {
+    const char* typed;
+    StringRows rows;
+    std::array<bool, 6> known;
+    bool flats;
+};
+
+void PrintTo(const PicksCase& c, std::ostream* os) {
+    *os << '"' << c.typed << '"';
+}
+
+class ReadPicksTest : public ::testing::TestWithParam<PicksCase> {};
+
+TEST_P(ReadPicksTest, EachWordWithinReachMovesItsStringAndTheOthersStay) {
+    const PicksCase& c = GetParam();
+    const StringRows before = {0, 1, 2, 3, 4, 5};
+    const StringPicks got = readPicks(c.typed, before);
+    EXPECT_EQ(got.rows, c.rows);
+    EXPECT_EQ(got.known, c.known);
+    EXPECT_EQ(got.flats, c.flats);
+}
+
+constexpr bool T = true;
+constexpr bool F = false;
+constexpr std::array<bool, 6> kAll = {T, T, T, T, T, T};
+
+INSTANTIATE_TEST_SUITE_P(
+    Picker, ReadPicksTest,
+    ::testing::Values(
+        PicksCase{"E2 A2 D3 G3 B3 E4", {12, 12, 12, 12, 12, 12}, kAll, false},
+        PicksCase{"d2, a2, d3, g3, a3, d4", {10, 12, 12, 12, 10, 10}, kAll, false},
+        PicksCase{"E1 A1 D4 G2 B4 E5", {0, 0, 24, 0, 24, 24}, kAll, false},
+        PicksCase{"Eb2&Ab2&Db3&Gb3&Bb3&Eb4", {11, 11, 11, 11, 11, 11}, kAll, true},
+        PicksCase{"E\u266D2 A2 D3 G3 B3 E4", {11, 12, 12, 12, 12, 12}, kAll, true},
+        PicksCase{"D#1 A2 D3 G3 B3 F5", {0, 12, 12, 12, 12, 5}, {F, T, T, T, T, F}, false},
+        PicksCase{"H2 A2 D3 G3 B3 E", {0, 12, 12, 12, 12, 5}, {F, T, T, T, T, F}, false},
+        PicksCase{"E2 A2", {12, 12, 2, 3, 4, 5}, {T, T, F, F, F, F}, false},
+        PicksCase{"E2 A2 D3 G3 B3 E4 A4", {12, 12, 12, 12, 12, 12}, kAll, false},
+        PicksCase{"", {0, 1, 2, 3, 4, 5}, {}, false}));
+
+TEST(StringChoicesTest, AnOctaveEitherSideOfTheStandardStringInTheTextsSpelling) {
+    const struct {
+        int string;
+        bool flats;
+        std::vector<const char*> some;  // rows 0, 1, 12, 24
+    } cases[] = {
+        {0, false, {"E1", "F1", "E2", "E3"}},
+        {1, true, {"A1", "Bb1", "A2", "A3"}},
+        {4, false, {"B2", "C3", "B3", "B4"}},
+        {5, true, {"E3", "F3", "E4", "E5"}},
+    };
+    for (const auto& c : cases) {
+        const auto choices = stringChoices(c.string, c.flats);
+        ASSERT_EQ(choices.size(), std::size_t(kChoiceCount)) << c.string;
+        EXPECT_EQ(std::vector<std::string>({choices[0], choices[1], choices[12], choices[24]}),
+                  std::vector<std::string>(c.some.begin(), c.some.end()))
+            << c.string;
+    }
+    EXPECT_TRUE(stringChoices(-1, false).empty());
+    EXPECT_TRUE(stringChoices(6, false).empty());
+}
+
+TEST(StringChoicesTest, EveryPickIsATuningTheEditorTakesAndReadsBackToTheSameRow) {
+    for (int string = 0; string < kStringCount; ++string) {
+        for (int row = 0; row < kChoiceCount; ++row) {
+            for (bool flats : {false, true}) {
+                const std::string typed =
+                    pickInto("E2 A2 D3 G3 B3 E4", string, row, standardRows(), flats);
+                const TypedTuning parsed = parseTyped(typed);
+                EXPECT_EQ(parsed.error, "") << typed;
+                StringRows rows = standardRows();
+                rows[static_cast<std::size_t>(string)] = row;
+                EXPECT_EQ(readPicks(typed, standardRows()).rows, rows) << typed;
+            }
+        }
+    }
+}
+
+TEST(PickIntoTest, OneWordIsReplacedInPlaceOrTheSixAreWrittenAfresh) {
+    const struct {
+        const char* typed;
+        int string;
+        int row;
+        const char* written;
+    } cases[] = {
+        {"D2 A2 D3 G3 A3 D4", 5, 12, "D2 A2 D3 G3 A3 E4"},
+        {"d2,  a2, d3, g3, a3, d4", 0, 8, "C2,  a2, d3, g3, a3, d4"},
+        {"E2&A2&D3&G3&B3&E4", 3, 11, "E2&A2&D3&F#3&B3&E4"},
+        {"Eb2 Ab2 Db3 Gb3 Bb3 Eb4", 2, 13, "Eb2 Ab2 Eb3 Gb3 Bb3 Eb4"},
+        {"E\u266D2 A2 D3 G3 B3 E4", 0, 10, "D2 A2 D3 G3 B3 E4"},
+        {"E\u266D2 A2 D3 G3 B3 E4", 1, 11, "E\u266D2 Ab2 D3 G3 B3 E4"},
+        {"H2 A2 D3 G3 B3 E4", 0, 12, "E2 A2 D3 G3 B3 E4"},
+        {"D2 A2 D3", 1, 14, "D2 B2 D3 G3 B3 E4"},
+        {"", 5, 0, "E2 A2 D3 G3 B3 E3"},
+        {"E2 A2 D3 G3 B3 E4 A4", 5, 11, "E2 A2 D3 G3 B3 D#4"},
+        {"E2 A2 D3 G3 B3 E4", 6, 0, "E2 A2 D3 G3 B3 E4"},
+        {"E2 A2 D3 G3 B3 E4", -1, 0, "E2 A2 D3 G3 B3 E4"},
+        {"E2 A2 D3 G3 B3 E4", 0, 25, "E2 A2 D3 G3 B3 E4"},
+        {"E2 A2 D3 G3 B3 E4", 0, -1, "E2 A2 D3 G3 B3 E4"},
+    };
+    for (const auto& c : cases) {
+        const StringPicks picks = readPicks(c.typed, standardRows());
+        EXPECT_EQ(pickInto(c.typed, c.string, c.row, picks.rows, picks.flats), c.written)
+            << c.typed << " string " << c.string << " row " << c.row;
+    }
+}
 
 }  // namespace

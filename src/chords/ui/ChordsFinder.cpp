@@ -100,6 +100,13 @@ void ChordsFinder::setTuning(const std::array<int, kStringCount>& open) {
     update();
 }
 
+void ChordsFinder::setLeftHanded(bool on) {
+    if (on == leftHanded_)
+        return;
+    leftHanded_ = on;
+    update();
+}
+
 void ChordsFinder::update() {
     found_ = chords::identify(held_);
     ChordShape shape;
@@ -108,7 +115,7 @@ void ChordsFinder::update() {
         s.fret = fretOf(n);
         s.pitch = s.fret < 0 ? -1 : held_.open[static_cast<std::size_t>(kStringCount - n)] + s.fret;
     }
-    picture_ = NeckPicture::of(shape, true);
+    picture_ = NeckPicture::of(shape, true, leftHanded_);
     // The neck stays where the player scrolled it.
     picture_.firstFret = 1;
     emit heldChanged();

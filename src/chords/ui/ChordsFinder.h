@@ -61,6 +61,8 @@ public:
     const std::vector<chords::FoundChord>& found() const { return found_; }
     // The neck as drawn while the finder is on: the notes held as dots.
     const NeckPicture& picture() const { return picture_; }
+    // The neck drawn mirrored for a left-handed player.
+    void setLeftHanded(bool on);
 
 signals:
     void activeChanged();
@@ -76,6 +78,7 @@ private:
     chords::HeldStrings held_;
     std::vector<chords::FoundChord> found_;
     NeckPicture picture_;
+    bool leftHanded_ = false;
 };
 
 }  // namespace zt

@@ -251,15 +251,19 @@ void ChordsLibrary::reload() {
                                             state_.choice.chordPartTwo, *set_);
         finder_.setTuning(delegate_->openNotes());
     }
+    drawDiagrams();
+    emit chordChanged();
+    paint();
+}
+
+void ChordsLibrary::drawDiagrams() {
     diagrams_.clear();
     const std::string root = state_.choice.generatorRoot();
     for (int g = 0; g < set_->groupCount; ++g) {
         const QString caption = slashBass(*set_, g, root);
         for (const ChordVariation& v : set_->group(g))
-            diagrams_.append(smallDiagram(shapeOf(v), caption));
+            diagrams_.append(smallDiagram(shapeOf(v), caption, touch_.leftHanded()));
     }
-    emit chordChanged();
-    paint();
 }
 
 void ChordsLibrary::paint() {
@@ -268,12 +272,12 @@ void ChordsLibrary::paint() {
         std::clamp(state_.currentVariationsIndex, 0, std::max(count - 1, 0));
     if (count == 0) {
         notes_ = StringNotes{};
-        neck_ = NeckPicture::empty();
+        neck_ = NeckPicture::empty(touch_.leftHanded());
     } else {
         const ChordVariation& v =
             set_->records[static_cast<std::size_t>(state_.currentVariationsIndex)];
         notes_ = zt::stringNotes(v);
-        neck_ = NeckPicture::of(shapeOf(v), state_.notes);
+        neck_ = NeckPicture::of(shapeOf(v), state_.notes, touch_.leftHanded());
     }
     state_.canPlayString = notes_.canPlay;
     emit variationChanged();

@@ -85,6 +85,11 @@ class ChordsLibrary : public zt::Screen {
     Q_PROPERTY(int capo READ capo NOTIFY capoChanged)
     Q_PROPERTY(QString capoLabel READ capoLabel NOTIFY capoChanged)
     Q_PROPERTY(QString shapeText READ shapeText NOTIFY variationChanged)
+    // Drawn for a left-handed player: the neck, the strip and the strings'
+    // touches mirrored, the 6th string on the right. stringXs: where each
+    // string is drawn, by string number ([n - 1]), in TouchView's points.
+    Q_PROPERTY(bool leftHanded READ leftHanded NOTIFY handChanged)
+    Q_PROPERTY(QVariantList stringXs READ stringXs NOTIFY handChanged)
 
 public:
     // How long a string stays lit once heard: for the eye only, sound
@@ -130,6 +135,11 @@ public:
     QString fingersTitle() const { return QStringLiteral("Fingers"); }
     QVariantList litStrings() const;
     bool isLit(int stringNumber) const;
+    bool leftHanded() const { return touch_.leftHanded(); }
+    QVariantList stringXs() const;
+    // The string a tap at x (TouchView's points) lands on, 0 for none.
+    Q_INVOKABLE int stringAt(qreal x) const;
+    void setLeftHanded(bool on);
     // Whether the lights are still following the sound.
     bool lightsFollowing() const { return lightTimer_.isActive(); }
     int capo() const { return capo_; }
@@ -201,11 +211,13 @@ signals:
     void lockedChanged();
     void litChanged();
     void capoChanged();
+    void handChanged();
 
 private:
     bool canSound() const;
     // Fetches the chord's fingerings and shows the one at the index.
     void reload();
+    void drawDiagrams();
     // Shows the fingering at the index (bounded by the count).
     void paint();
     void updateTuningName();

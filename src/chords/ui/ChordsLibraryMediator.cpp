@@ -10,7 +10,7 @@ namespace zt {
 
 std::vector<std::string> ChordsLibraryMediator::listNotificationInterests() const {
     return {"StateChordsData", "ReloadChords", "ChordsForPickerReady",
-            "LoadChordVariationsComplete"};
+            "LoadChordVariationsComplete", kLeftHandedChanged};
 }
 
 void ChordsLibraryMediator::handleNotification(const Notification& notification) {
@@ -24,6 +24,8 @@ void ChordsLibraryMediator::handleNotification(const Notification& notification)
     } else if (name == "ReloadChords") {
         updateTuning();
         chords->tuningChanged();
+    } else if (name == kLeftHandedChanged && settings_) {
+        chords->setLeftHanded(settings_->leftHanded());
     } else if (name == "ChordsForPickerReady" && chords_) {
         chords->setChordsForPicker(chords_->chordsPart1(), chords_->chordsPart2());
     }
@@ -37,6 +39,8 @@ void ChordsLibraryMediator::registered() {
     if (!chords_ || !settings_ || !media_)
         log("ChordsLibraryMediator: ChordsProxy, SettingsProxy or MediaProxy is not registered");
     updateTuning();
+    if (screen() && settings_)
+        screen()->setLeftHanded(settings_->leftHanded());
     if (chords_)
         chords_->getChordsForPicker();
     if (screen())

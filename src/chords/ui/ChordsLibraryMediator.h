@@ -25,7 +25,8 @@ public:
     explicit ChordsLibraryMediator(ChordsLibrary* screen) : ScreenMediator(NAME, screen) {}
 
     // "StateChordsData", "ReloadChords", "ChordsForPickerReady",
-    // "LoadChordVariationsComplete" (heard, nothing to do).
+    // "LoadChordVariationsComplete" (heard, nothing to do), and
+    // "LeftHandedChanged" (the screen takes SettingsProxy's hand).
     std::vector<std::string> listNotificationInterests() const override;
     void handleNotification(const Notification& notification) override;
 

@@ -14,7 +14,7 @@ QString text(std::string_view s) {
 
 }  // namespace
 
-NeckPicture NeckPicture::of(const ChordShape& shape, bool notes) {
+NeckPicture NeckPicture::of(const ChordShape& shape, bool notes, bool leftHanded) {
     NeckPicture picture;
     picture.firstFret = shape.firstShownFret();
     for (int n = kStringCount; n >= 1; --n) {
@@ -27,7 +27,7 @@ NeckPicture NeckPicture::of(const ChordShape& shape, bool notes) {
             label = QString::number(s.finger);
         picture.strings.append(QVariantMap{
             {"string", n},
-            {"x", TouchView::stringX(n)},
+            {"x", TouchView::stringX(n, leftHanded)},
             {"fret", s.fret},
             {"muted", s.fret < 0},
             {"open", s.fret == 0},
@@ -39,19 +39,19 @@ NeckPicture NeckPicture::of(const ChordShape& shape, bool notes) {
         const auto& barre = shape.barres[static_cast<std::size_t>(b)];
         picture.barres.append(QVariantMap{
             {"fret", barre.fret},
-            {"fromX", TouchView::stringX(barre.from)},
-            {"toX", TouchView::stringX(barre.to)},
+            {"fromX", TouchView::stringX(barre.from, leftHanded)},
+            {"toX", TouchView::stringX(barre.to, leftHanded)},
             {"text", notes ? QString() : QString::number(barre.finger)},
         });
     }
     return picture;
 }
 
-NeckPicture NeckPicture::empty() {
+NeckPicture NeckPicture::empty(bool leftHanded) {
     NeckPicture picture;
     for (int n = kStringCount; n >= 1; --n) {
         picture.strings.append(QVariantMap{{"string", n},
-                                           {"x", TouchView::stringX(n)},
+                                           {"x", TouchView::stringX(n, leftHanded)},
                                            {"fret", -1},
                                            {"muted", false},
                                            {"open", false},
@@ -61,14 +61,21 @@ NeckPicture NeckPicture::empty() {
     return picture;
 }
 
-QVariantMap smallDiagram(const ChordShape& shape, const QString& caption) {
+QVariantMap smallDiagram(const ChordShape& shape, const QString& caption, bool leftHanded) {
+    const auto column = [leftHanded](int n) { return leftHanded ? n - 1 : kStringCount - n; };
     QVariantList frets;
-    for (int n = kStringCount; n >= 1; --n)
-        frets.append(shape.string(n).fret);
+    for (int c = 0; c < kStringCount; ++c)
+        frets.append(shape.string(leftHanded ? c + 1 : kStringCount - c).fret);
     QVariantList barres;
     for (int b = 0; b < shape.barreCount; ++b) {
         const auto& barre = shape.barres[static_cast<std::size_t>(b)];
-        barres.append(QVariantMap{{"fret", barre.fret}, {"from", barre.from}, {"to", barre.to}});
+        const int from = column(barre.from);
+        const int to = column(barre.to);
+        barres.append(QVariantMap{{"fret", barre.fret},
+                                  {"from", barre.from},
+                                  {"to", barre.to},
+                                  {"left", std::min(from, to)},
+                                  {"right", std::max(from, to)}});
     }
     return {{"frets", frets},
             {"barres", barres},

@@ -2,6 +2,8 @@
 // A fingering as the chords screen's views draw it. The neck is upright:
 // the 6th string on the left, the nut at the top, frets counted downward;
 // x positions are those of TouchView, in points of the 320-point layout.
+// Drawn for a left-handed player, the neck is mirrored: the 6th string on
+// the right; the maps' order and what they say stay the same.
 // What a dot says (a finger number or a note name) is decided here.
 
 #include <QVariantList>
@@ -27,15 +29,17 @@ struct NeckPicture {
     // else its lowest fretted fret.
     int firstFret = 1;
 
-    static NeckPicture of(const ChordShape& shape, bool notes);
+    static NeckPicture of(const ChordShape& shape, bool notes, bool leftHanded = false);
     // The empty neck: six strings, nothing on them.
-    static NeckPicture empty();
+    static NeckPicture empty(bool leftHanded = false);
 };
 
-// A small diagram for the strip: "frets" (six numbers from the 6th string
-// to the 1st, -1 muted, 0 open), "barres" (maps of "fret", "from", "to" as
-// string numbers), "firstFret", and "caption" ("/E" when the bass is not
-// the root, else empty).
-QVariantMap smallDiagram(const ChordShape& shape, const QString& caption);
+// A small diagram for the strip: "frets" (six numbers in the order drawn
+// from left to right: from the 6th string to the 1st, or left-handed from
+// the 1st to the 6th; -1 muted, 0 open), "barres" (maps of "fret", "from",
+// "to" as string numbers, and "left", "right": the columns, 0 to 5, where
+// the bar is drawn from and to), "firstFret", and "caption" ("/E" when the
+// bass is not the root, else empty).
+QVariantMap smallDiagram(const ChordShape& shape, const QString& caption, bool leftHanded = false);
 
 }  // namespace zt

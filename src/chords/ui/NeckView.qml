@@ -10,7 +10,9 @@ import ZebTools
 // Touches on it strum the strings: they are forwarded to the screen in this
 // item's units (TouchView). With the finder on, the neck scrolls under a
 // finger and a tap presses the string at that fret, or, above the nut,
-// turns the string between muted and open (ChordsFinder).
+// turns the string between muted and open (ChordsFinder). For a left-handed
+// player all of it is mirrored, the 6th string on the right: where each
+// string is drawn, and which string a tap lands on, come from the screen.
 Item {
     id: neck
 
@@ -22,20 +24,15 @@ Item {
     readonly property real nutHeight: 6
     readonly property real fretHeight: 62
     readonly property int fretCount: 15
-    readonly property var stringXs: [43.5, 77.5, 111.5, 145.5, 179.5, 213.5]
-    readonly property real boardLeft: stringXs[0] - 16
-    readonly property real boardRight: stringXs[5] + 16
+    readonly property real boardLeft: Math.min(...screen.stringXs) - 16
+    readonly property real boardRight: Math.max(...screen.stringXs) + 16
 
     function fretCentre(fret) {
         return nutHeight + (fret - 0.5) * fretHeight
     }
     // The string number under x, or 0 between strings' reach.
     function stringAt(x) {
-        for (let i = 0; i < 6; ++i) {
-            if (Math.abs(x - stringXs[i]) <= 17)
-                return 6 - i
-        }
-        return 0
+        return screen.stringAt(x)
     }
 
     clip: true
@@ -150,7 +147,7 @@ Item {
                 width: 12
                 height: 12
                 radius: 6
-                x: (neck.stringXs[2] + neck.stringXs[3]) / 2 - 6 + modelData[1] * 2 * 34
+                x: (neck.boardLeft + neck.boardRight) / 2 - 6 + modelData[1] * 2 * 34
                 y: neck.fretCentre(modelData[0]) - 6
                 color: "#3A3228"
             }
@@ -167,7 +164,7 @@ Item {
                 readonly property bool lit: neck.screen.litStrings[5 - index] === true
 
                 objectName: "string" + (6 - index)
-                x: neck.stringXs[index]
+                x: neck.screen.stringXs[5 - index]
                 height: board.contentHeight
 
                 Rectangle {

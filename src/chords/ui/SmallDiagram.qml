@@ -24,8 +24,10 @@ Item {
     readonly property int firstFret: shape.firstFret
     readonly property int labelPixelSize: 14
 
-    function stringX(number) {
-        return gridLeft + (6 - number) * spacing
+    // Columns from the left, as the screen orders the strings (mirrored for
+    // a left-handed player).
+    function columnX(column) {
+        return gridLeft + column * spacing
     }
     function fretY(fret) {
         return gridTop + (fret - firstFret + 0.5) * fretHeight
@@ -94,9 +96,9 @@ Item {
 
         Rectangle {
             required property var modelData
-            x: diagram.stringX(modelData.from) - 3
+            x: diagram.columnX(modelData.left) - 3
             y: diagram.fretY(modelData.fret) - 3
-            width: diagram.stringX(modelData.to) - diagram.stringX(modelData.from) + 6
+            width: diagram.columnX(modelData.right) - diagram.columnX(modelData.left) + 6
             height: 6
             radius: 3
             color: Theme.accent
@@ -110,7 +112,7 @@ Item {
 
             required property int modelData
             required property int index
-            readonly property real centre: diagram.gridLeft + index * diagram.spacing
+            readonly property real centre: diagram.columnX(index)
 
             Text {
                 visible: cell.modelData <= 0

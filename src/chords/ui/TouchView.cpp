@@ -38,10 +38,22 @@ int TouchView::bandAt(double x) {
     return 0;
 }
 
+int TouchView::stringNear(double x, bool leftHanded) {
+    if (!std::isfinite(x))
+        return 0;
+    for (int n = kStringCount; n >= 1; --n) {
+        if (std::abs(x - stringX(n, leftHanded)) <= kStringSpacing / 2)
+            return n;
+    }
+    return 0;
+}
+
 int TouchView::touchesMoved(double x, int touchCount,
                             const std::array<bool, kStringCount>& canPlay) {
     if (touchCount != 1)
         return 0;
+    if (leftHanded_)
+        x = kWidth - x;
     return playStringByArea(x - kShift, canPlay);
 }
 

@@ -9,6 +9,10 @@
 // locks it, unlocking every other, so that wobbling on the string last
 // played does not repeat it. Leaving the strings altogether (past the 6th
 // or the 1st) unlocks them all, so the next stroke plays every string again.
+//
+// For a left-handed player the view is drawn mirrored, the 6th string on
+// the right: a position is mirrored across the view before anything else,
+// so that the bands (and the shift) are the mirror image of the others.
 
 #include <array>
 
@@ -26,6 +30,14 @@ public:
     static constexpr double stringX(int stringNumber) {
         return kSixthStringX + kStringSpacing * (kStringCount - stringNumber);
     }
+    // Where string n is drawn for either hand.
+    static constexpr double stringX(int stringNumber, bool leftHanded) {
+        return leftHanded ? kWidth - stringX(stringNumber) : stringX(stringNumber);
+    }
+    // The string drawn within half a spacing of x (the nearer; the lower
+    // string when x is just between two), 0 when none is: what a tap on
+    // the neck lands on.
+    static int stringNear(double x, bool leftHanded);
 
     // A move's position is taken this much to the left before the bands
     // are looked up.
@@ -53,8 +65,12 @@ public:
     void setLockedForString(int stringNumber);
     void unlockAll() { locked_.fill(false); }
 
+    bool leftHanded() const { return leftHanded_; }
+    void setLeftHanded(bool on) { leftHanded_ = on; }
+
 private:
     std::array<bool, kStringCount> locked_{};
+    bool leftHanded_ = false;
 };
 
 }  // namespace zt

@@ -86,18 +86,14 @@ Tumbler {
         event.accepted = true
     }
 
-    // One row per notch of a mouse wheel; a touchpad's smaller steps add up.
-    WheelHandler {
-        property real pending: 0
+    // One row per notch of a mouse wheel, over the rows: a wheel that does
+    // not go round has a list under them that would scroll freely instead.
+    Item {
+        anchors.fill: parent
+        z: 3
 
-        target: null
-        onWheel: event => {
-            pending += event.angleDelta.y
-            const rows = Math.trunc(pending / 120)
-            if (rows !== 0) {
-                pending -= rows * 120
-                wheel.turn(-rows)
-            }
+        WheelSteps {
+            onStepped: notches => wheel.turn(-notches)
         }
     }
 

@@ -5,10 +5,12 @@ import ZebTools
 
 // The "Microphone Required" alert: modal, centred in the window whatever
 // the size of the view that puts it up, with the message and one button.
-// It stays up until the button is touched, or Return, Enter, Space or
-// Escape is pressed: the button holds the keyboard while the alert is up,
-// ringed as the default answer, so a keyboard user sees what a key will
-// do. `dismissed` tells the screen.
+// It stays up until the button is touched, or Return, Enter or Escape is
+// pressed: the button holds the keyboard while the alert is up, ringed as
+// the default answer, so a keyboard user sees what a key will do. Space,
+// which the tools take for their own (the metronome's start, the pitch
+// pipe), is not an answer: a stray one must not send the user to another
+// tool. `dismissed` tells the screen.
 Dialog {
     id: alert
 
@@ -65,6 +67,8 @@ Dialog {
                     || event.key === Qt.Key_Escape) {
                 event.accepted = true
                 alert.dismissed()
+            } else if (event.key === Qt.Key_Space) {
+                event.accepted = true
             }
         }
         onClicked: alert.dismissed()

@@ -5,6 +5,7 @@
 
 #include "state/StateKeys.h"
 #include "tuners/ChromaticSection.h"
+#include "tuners/LevelScale.h"
 #include "tuners/ui/MicrophoneCalibratingDelegate.h"
 
 namespace zt {
@@ -29,6 +30,7 @@ void MicrophoneCalibrating::startSession() {
 
 void MicrophoneCalibrating::stopSession() {
     progress_ = 0.0;
+    intensity_ = 0;
     emit changed();
     if (delegate_)
         delegate_->stopAudioSession();
@@ -60,7 +62,16 @@ void MicrophoneCalibrating::setTreshold(int percent) {
 
 void MicrophoneCalibrating::showIntensity(int level) {
     progress_ = level / 100.0;
+    intensity_ = level;
     emit changed();
+}
+
+double MicrophoneCalibrating::level() const {
+    return level::ofPercent(intensity_);
+}
+
+double MicrophoneCalibrating::thresholdMark() const {
+    return level::ofThreshold(static_cast<int>(std::floor(sliderValue_ * 100.0 + kPercentSlack)));
 }
 
 void MicrophoneCalibrating::saveSettings() {
@@ -74,6 +85,7 @@ void MicrophoneCalibrating::viewWillAppear() {
     if (delegate_)
         delegate_->setMicrophoneSavedData();
     progress_ = 0.0;
+    intensity_ = 0;
     if (delegate_) {
         delegate_->setTaperDelegate(taperMode_);
         delegate_->setTresholdDelegate(tresholdPercent_);

@@ -2,7 +2,10 @@
 // The microphone sensitivity screen: the live input level ("Current volume
 // level", 0 to 1) beside the threshold slider ("Current threshold", 0 to 1),
 // so that the user can set the level below which the detector ignores
-// sound. OK saves the slider as the percentage "Treshold" and goes back;
+// sound. The level and the threshold are drawn on the meter scale every
+// level display shares (see LevelScale); the threshold's mark shows from the
+// moment the screen opens and follows the slider, the level once Start is
+// touched. OK saves the slider as the percentage "Treshold" and goes back;
 // Cancel goes back without saving.
 
 #include <QtQml/qqmlregistration.h>
@@ -22,6 +25,9 @@ class MicrophoneCalibrating : public zt::MeasuringScreen {
     QML_UNCREATABLE("Created by the shell")
     Q_PROPERTY(double sliderValue READ sliderValue WRITE setSliderValue NOTIFY changed)
     Q_PROPERTY(double progress READ progress NOTIFY changed)
+    // The meter: the level and the threshold mark, both 0 to 1 on one scale.
+    Q_PROPERTY(double level READ level NOTIFY changed)
+    Q_PROPERTY(double thresholdMark READ thresholdMark NOTIFY changed)
 
 public:
     explicit MicrophoneCalibrating(QObject* parent = nullptr);
@@ -32,6 +38,9 @@ public:
     double sliderValue() const { return sliderValue_; }
     void setSliderValue(double value);
     double progress() const { return progress_; }
+    double level() const;
+    // Follows the slider, so the mark moves while the user drags.
+    double thresholdMark() const;
     int tresholdPercent() const { return tresholdPercent_; }
     int taperMode() const { return taperMode_; }
 
@@ -61,6 +70,7 @@ private:
     MicrophoneCalibratingDelegate* delegate_ = nullptr;
     double sliderValue_ = 0.0;
     double progress_ = 0.0;
+    int intensity_ = 0;
     int tresholdPercent_ = 0;
     int taperMode_ = 0;
 };

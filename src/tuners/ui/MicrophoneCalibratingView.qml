@@ -38,22 +38,13 @@ Rectangle {
         Panel {
             height: 44
 
-            Rectangle {
+            LevelMeter {
                 objectName: "levelBar"
                 anchors.centerIn: parent
                 width: Math.round(parent.width - 32)
                 height: 10
-                radius: 5
-                color: Theme.separator
-
-                Rectangle {
-                    objectName: "levelFill"
-                    width: parent.width * Math.max(0, Math.min(1, view.screen.progress))
-                    height: parent.height
-                    radius: parent.radius
-                    color: view.screen.progress >= view.screen.sliderValue ? Theme.accent
-                                                                            : Theme.textDim
-                }
+                level: view.screen.level
+                mark: view.screen.thresholdMark
             }
         }
 

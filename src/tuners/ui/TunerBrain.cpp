@@ -53,6 +53,20 @@ QVariantList TunerBrain::fadeCounts() const {
     return list;
 }
 
+QVariantList TunerBrain::stringOrder() const {
+    QVariantList order;
+    for (int i = 0; i < kStrings; ++i)
+        order << (leftHanded_ ? i + 1 : kStrings - i);
+    return order;
+}
+
+void TunerBrain::setLeftHanded(bool on) {
+    if (on == leftHanded_)
+        return;
+    leftHanded_ = on;
+    emit handChanged();
+}
+
 QString TunerBrain::caption() const {
     return loopSound_ ? QStringLiteral("Loop: touch the string again to stop it")
                       : QStringLiteral("Touch a string to hear it");

@@ -7,6 +7,8 @@
 // touches.
 //
 // Strings are numbered as a guitarist does: 1 the highest, 6 the lowest.
+// They are drawn in a row, the 6th on the left, or mirrored for a
+// left-handed player (the 6th on the right); their numbers stay.
 // Nothing sounds before the sound bank has loaded (the delegate says when).
 
 #include <QtQml/qqmlregistration.h>
@@ -46,6 +48,9 @@ class TunerBrain : public zt::Screen {
     Q_PROPERTY(bool loopSound READ loopSound NOTIFY loopSoundChanged)
     Q_PROPERTY(int fadeMilliseconds READ fadeMilliseconds CONSTANT)
     Q_PROPERTY(QString caption READ caption NOTIFY loopSoundChanged)
+    // The strings' numbers in the order drawn, from the left.
+    Q_PROPERTY(QVariantList stringOrder READ stringOrder NOTIFY handChanged)
+    Q_PROPERTY(bool leftHanded READ leftHanded NOTIFY handChanged)
 
 public:
     static constexpr int kStrings = ByEarStrings::kStrings;
@@ -69,6 +74,9 @@ public:
     bool loopSound() const { return loopSound_; }
     int fadeMilliseconds() const { return static_cast<int>(kFadeSeconds * 1000); }
     QString caption() const;
+    QVariantList stringOrder() const;
+    bool leftHanded() const { return leftHanded_; }
+    void setLeftHanded(bool on);
 
     // The highlight's opacity `seconds` after a tone played once began: 1
     // at the touch, ease-in (quadratic) to 0 at kFadeSeconds.
@@ -108,6 +116,7 @@ signals:
     void tuningChanged();
     void highlightsChanged();
     void loopSoundChanged();
+    void handChanged();
 
 private:
     bool canSound() const;
@@ -123,6 +132,7 @@ private:
     bool loopSound_ = false;
     int capo_ = 0;
     bool buttonMode_ = false;
+    bool leftHanded_ = false;
     std::array<bool, kStrings> startLoopSound_{};
     std::array<Highlight, kStrings> highlights_{};
     std::array<int, kStrings> fadeCounts_{};

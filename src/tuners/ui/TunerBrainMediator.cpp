@@ -8,12 +8,14 @@
 namespace zt {
 
 std::vector<std::string> TunerBrainMediator::listNotificationInterests() const {
-    return {"StateBrainTunerData", "PlayE1String", "PlayBString", "PlayGString",
-            "PlayDString",         "PlayAString",  "PlayE2String"};
+    return {"StateBrainTunerData", "PlayE1String", "PlayBString",  "PlayGString",
+            "PlayDString",         "PlayAString",  "PlayE2String", kLeftHandedChanged};
 }
 
 void TunerBrainMediator::handleNotification(const Notification& notification) {
     TunerBrain* brain = screen();
+    if (brain && settings_ && notification.name() == kLeftHandedChanged)
+        brain->setLeftHanded(settings_->leftHanded());
     if (!brain || notification.name() != "StateBrainTunerData")
         return;
     const Dictionary* data = notification.bodyAs<Dictionary>();
@@ -26,6 +28,8 @@ void TunerBrainMediator::registered() {
     media_ = f.retrieveProxyAs<MediaProxy>(MediaProxy::NAME);
     if (!settings_ || !media_)
         log("TunerBrainMediator: SettingsProxy or MediaProxy is not registered");
+    if (screen() && settings_)
+        screen()->setLeftHanded(settings_->leftHanded());
     if (screen())
         setBrainTunerSavedData();
 }

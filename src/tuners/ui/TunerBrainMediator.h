@@ -21,7 +21,8 @@ public:
 
     explicit TunerBrainMediator(TunerBrain* screen) : ScreenMediator(NAME, screen) {}
 
-    // "StateBrainTunerData", and the six "Play...String" names, which are
+    // "StateBrainTunerData", "LeftHandedChanged" (the screen takes
+    // SettingsProxy's hand), and the six "Play...String" names, which are
     // heard and change nothing.
     std::vector<std::string> listNotificationInterests() const override;
     void handleNotification(const Notification& notification) override;

@@ -5,7 +5,8 @@ import ZebTools
 
 // The by-ear tuner: the tuning's name and notes with the settings button
 // on a panel above, and the six strings of the tuning on a dark stage
-// (BrainString), the 6th on the left as on a guitar facing you. Everything
+// (BrainString), the 6th on the left as on a guitar facing you (on the
+// right for a left-handed player: the screen gives the order). Everything
 // shown comes from the TunerBrain object; touches on a string, and the keys
 // 1 to 6, are forwarded to it.
 //
@@ -124,7 +125,7 @@ Rectangle {
                 required property int index
 
                 screen: view.screen
-                number: 6 - index
+                number: view.screen.stringOrder[index]
                 x: 8 + index * stage.stringWidth
                 y: 0
                 width: stage.stringWidth

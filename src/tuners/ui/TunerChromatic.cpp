@@ -7,6 +7,7 @@
 #include "framework/Log.h"
 #include "state/StateKeys.h"
 #include "tuners/ChromaticSection.h"
+#include "tuners/LevelScale.h"
 #include "tuners/ui/TunerChromaticDelegate.h"
 #include "tuners/ui/TunerDial.h"
 
@@ -120,6 +121,7 @@ void TunerChromatic::setSavedData(const Dictionary& data) {
     baseNote_ = chromatic::baseNote(data);
     const bool linear = state::read(data, keys::kLinearScale);
     tresholdPercent_ = chromatic::tresholdPercent(data);
+    emit volumeChanged();
     classic_ = chromatic::classicDetection(data);
     readDisplay(data);
     if (linear != linearScale_) {
@@ -241,7 +243,7 @@ void TunerChromatic::cancelPanelRefresh() {
 
 void TunerChromatic::updateLabel(const NoteDescription& note) {
     const dial::VolumeBar bar = dial::volumeBar(std::clamp(note.volumeLevel, 0, 10));
-    setVolume(bar.x, bar.width, bar.shown);
+    setVolume(bar.x, bar.width, bar.shown, level::ofPitchStep(note.volumeLevel, tresholdPercent_));
     frequencyText_ = QString::fromStdString(dial::frequencyText(note));
     centsText_ = QString::fromStdString(dial::centsText(note));
     referenceTexts_.clear();
@@ -262,13 +264,18 @@ void TunerChromatic::moveNeedle(double angle, double seconds) {
     emit needleMoved();
 }
 
-void TunerChromatic::setVolume(double x, double width, double shown) {
+void TunerChromatic::setVolume(double x, double width, double shown, double level) {
     const QRectF frame(x, 190, width, 20);
-    if (frame == volumeFrame_ && shown == volumeShown_)
+    if (frame == volumeFrame_ && shown == volumeShown_ && level == level_)
         return;
     volumeFrame_ = frame;
     volumeShown_ = shown;
+    level_ = level;
     emit volumeChanged();
+}
+
+double TunerChromatic::thresholdMark() const {
+    return level::ofThreshold(tresholdPercent_);
 }
 
 void TunerChromatic::setPolling(bool on) {

@@ -59,6 +59,10 @@ class TunerChromatic : public zt::Screen {
     Q_PROPERTY(double volumeX READ volumeX NOTIFY volumeChanged)
     Q_PROPERTY(double volumeWidth READ volumeWidth NOTIFY volumeChanged)
     Q_PROPERTY(double volumeShown READ volumeShown NOTIFY volumeChanged)
+    // The same reading and the threshold, 0 to 1 on the scale the microphone
+    // sensitivity meter uses (see LevelScale), so both meters read alike.
+    Q_PROPERTY(double level READ level NOTIFY volumeChanged)
+    Q_PROPERTY(double thresholdMark READ thresholdMark NOTIFY volumeChanged)
     Q_PROPERTY(bool linearScale READ linearScale NOTIFY scaleChanged)
     // The needle's angle at +100 cents, where the +-1 semitone labels sit.
     Q_PROPERTY(double referenceAngle READ referenceAngle NOTIFY scaleChanged)
@@ -107,6 +111,8 @@ public:
     double volumeX() const { return volumeFrame_.x(); }
     double volumeWidth() const { return volumeFrame_.width(); }
     double volumeShown() const { return volumeShown_; }
+    double level() const { return level_; }
+    double thresholdMark() const;
     bool linearScale() const { return linearScale_; }
     double referenceAngle() const { return convertAngle(100.0); }
     QVariantList scaleTicks() const;
@@ -190,7 +196,7 @@ private:
     void rotationArrow(const NoteDescription& note);
     void setTuningImages();
     void cancelPanelRefresh();
-    void setVolume(double x, double width, double shown);
+    void setVolume(double x, double width, double shown, double level = 0.0);
     void setPolling(bool on);
     void moveNeedle(double angle, double seconds);
     // The practice views' share of the work, in TunerChromaticPractice.cpp.
@@ -250,6 +256,7 @@ private:
     QStringList referenceTexts_{"", "", "", "", ""};
     QRectF volumeFrame_{110, 190, 100, 20};
     double volumeShown_ = 0.0;
+    double level_ = 0.0;
 };
 
 }  // namespace zt

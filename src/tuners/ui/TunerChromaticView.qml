@@ -76,31 +76,19 @@ Rectangle {
             }
         }
 
-        // The volume bar: a centre segment and nine on each side, 6 points
-        // apart, so that every level from 1 to 10 lights one more on each
-        // side of the centre; lit where the screen's frame covers them.
-        Repeater {
-            model: 19
-
-            Rectangle {
-                required property int index
-                // Steps from the centre: 0 for the centre segment.
-                readonly property int step: Math.abs(index - 9)
-                readonly property real segmentX: index === 9 ? 156
-                    : (index < 9 ? 156 - 6 * step : 160 + 6 * step)
-                readonly property real segmentWidth: index === 9 ? 8 : 4
-                readonly property bool lit: view.screen.volumeShown > 0
-                    && segmentX >= view.screen.volumeX - 0.5
-                    && segmentX + segmentWidth <= view.screen.volumeX + view.screen.volumeWidth + 0.5
-
-                objectName: "volumeSegment" + index
-                x: segmentX * view.unit
-                y: 190 * view.unit
-                width: segmentWidth * view.unit
-                height: 20 * view.unit
-                radius: 1.5 * view.unit
-                color: lit ? (step >= 8 ? Theme.accent : "#7ED957") : Theme.panelLight
-            }
+        // The volume bar, 100 points wide under the dial, growing from its
+        // middle, on the same scale as the microphone sensitivity meter, with
+        // the threshold marked.
+        LevelMeter {
+            objectName: "volumeBar"
+            centred: true
+            x: 110 * view.unit
+            y: 196 * view.unit
+            width: 100 * view.unit
+            height: 8 * view.unit
+            tickOverhang: 4 * view.unit
+            level: view.screen.level
+            mark: view.screen.thresholdMark
         }
 
         // With the pitch history on show the needle shows above it only.

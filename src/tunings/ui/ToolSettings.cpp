@@ -33,9 +33,24 @@ void ToolSettings::selectRow(int row) {
         delegate_->chooseOptions(row);
 }
 
+void ToolSettings::flipLeftHanded() {
+    showLeftHanded(!leftHanded_);
+    if (delegate_)
+        delegate_->setLeftHanded(leftHanded_);
+}
+
+void ToolSettings::showLeftHanded(bool on) {
+    if (on == leftHanded_)
+        return;
+    leftHanded_ = on;
+    emit leftHandedChanged();
+}
+
 void ToolSettings::viewWillAppear() {
     readValue();
     readCapo();
+    if (delegate_)
+        showLeftHanded(delegate_->isLeftHanded());
     const QString name = delegate_ ? QString::fromStdString(delegate_->getTuningName()) : QString();
     if (name != nameOfTuning_) {
         nameOfTuning_ = name;

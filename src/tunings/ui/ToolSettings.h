@@ -6,7 +6,8 @@
 //   2  "Tunings", with the current tuning's name: opens the tunings list
 // and, for a tool that plays a capo, a row that steps the capo's fret
 // ("Capo", "none" or "3rd fret"), which the tool follows and which is saved
-// at once.
+// at once; and, apart from the list, the "Left-handed" switch that all the
+// tools share: flipped on either tool's page, it is on in the other's too.
 // What differs between tools (the switch's title, where its value lives,
 // the key it is saved under and when) is given at construction; the saved
 // section and the way to the tunings list are the mediator's. The QML view
@@ -42,6 +43,8 @@ class ToolSettings : public zt::Screen {
     Q_PROPERTY(QString capoTitle READ capoTitle CONSTANT)
     Q_PROPERTY(int capo READ capo NOTIFY capoChanged)
     Q_PROPERTY(QString capoText READ capoText NOTIFY capoChanged)
+    Q_PROPERTY(QString leftHandedTitle READ leftHandedTitle CONSTANT)
+    Q_PROPERTY(bool leftHanded READ leftHanded NOTIFY leftHandedChanged)
 
 public:
     // When the switch's value is saved: as it flips, or as the page goes.
@@ -122,7 +125,14 @@ public:
     // fret is saved.
     Q_INVOKABLE void stepCapo(int frets);
 
-    // Takes the value from the tool and the tuning's name afresh.
+    QString leftHandedTitle() const { return QStringLiteral("Left-handed"); }
+    bool leftHanded() const { return leftHanded_; }
+    // The shared switch changed: flips it for every tool.
+    Q_INVOKABLE void flipLeftHanded();
+    // The shared value as it is now (the mediator tells each page).
+    void showLeftHanded(bool on);
+
+    // Takes the values from the tool and the tuning's name afresh.
     void viewWillAppear() override;
     void viewWillDisappear() override;
 
@@ -133,6 +143,7 @@ signals:
     void isOnChanged();
     void nameOfTuningChanged();
     void capoChanged();
+    void leftHandedChanged();
 
 private:
     void readValue();
@@ -144,6 +155,7 @@ private:
     ToolSettingsDelegate* delegate_ = nullptr;
     bool isOn_ = false;
     QString nameOfTuning_;
+    bool leftHanded_ = false;
 };
 
 }  // namespace zt

@@ -18,6 +18,10 @@ public:
     virtual void chooseOptions(int row) = 0;
     // The current tuning's display name.
     virtual std::string getTuningName() const = 0;
+    // Whether the tools are drawn for a left-handed player, and a new
+    // choice: every tool follows it at once and it is saved at once.
+    virtual bool isLeftHanded() const = 0;
+    virtual void setLeftHanded(bool on) = 0;
 };
 
 }  // namespace zt

@@ -1,7 +1,8 @@
 #pragma once
 // Connects a tool's settings page to the rest of the program: the tuning's
 // name from SettingsProxy, the way to the tunings list on the tool's own
-// stack, and the tool's saved section. Each tool registers it under a name
+// stack, the tool's saved section, and the left-handed switch that the
+// tools share. Each tool registers it under a name
 // of its own, with the two notifications that are its own.
 
 #include <memory>
@@ -25,6 +26,14 @@ public:
     // Row 2: the tunings list.
     void chooseOptions(int row) override;
     std::string getTuningName() const override;
+    bool isLeftHanded() const override;
+    // Kept by SettingsProxy, saved in the common section, and told to every
+    // tool and page with "LeftHandedChanged".
+    void setLeftHanded(bool on) override;
+
+    std::vector<std::string> listNotificationInterests() const override;
+    // "LeftHandedChanged": the page shows the shared value.
+    void handleNotification(const Notification& notification) override;
 
 protected:
     void registered() override;

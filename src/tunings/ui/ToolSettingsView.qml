@@ -1,5 +1,5 @@
 // A tool's settings page: the tool's switch, and the way to the tunings
-// list with the current tuning's name. Everything shown comes from the
+// list with the current tuning's name; below, the left-handed switch. Everything shown comes from the
 // ToolSettings object and every touch is forwarded to it. In a wide window
 // the card keeps to a centred column.
 pragma ComponentBehavior: Bound
@@ -78,6 +78,25 @@ Rectangle {
                     color: Theme.textDim
                     font.pixelSize: 22
                 }
+            }
+        }
+
+        // Shared by the tools: flipped here, it is flipped for them all.
+        Item {
+            width: content.width
+            height: 16
+        }
+        Card {
+            width: content.width
+
+            SwitchRow {
+                objectName: "leftHandedRow"
+                switchName: "leftHandedSwitch"
+                title: view.screen.leftHandedTitle
+                first: true
+                last: true
+                isOn: view.screen.leftHanded
+                onFlipped: view.screen.flipLeftHanded()
             }
         }
     }

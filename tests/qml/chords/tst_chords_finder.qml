@@ -7,7 +7,8 @@ import ZebToolsTest
 // button turns it on, the 6th string is muted at the nut, an open C is
 // fretted by clicks on the neck and named, with its notes and formula; a
 // fret clicked twice lifts the finger; Find again gives the neck back to
-// the fingering and the strum.
+// the fingering and the strum. Left-handed, the same clicks on the strings
+// as drawn, the 6th on the right, hold the same chord.
 Item {
     id: root
     width: 320
@@ -25,15 +26,26 @@ Item {
         when: windowShown
 
         readonly property ChordsLibrary chords: App.tools.screen("chordsLibrary")
+        property bool leftHanded: false
 
         function find(name) {
             const item = findChild(stack.currentItem, name)
             verify(item, name + " is on screen")
             return item
         }
-        // The neck's geometry, as NeckView lays it out.
+        // The neck's geometry, as NeckView lays it out, mirrored left-handed.
         function stringX(number) {
-            return 43.5 + 34 * (6 - number)
+            const x = 43.5 + 34 * (6 - number)
+            return leftHanded ? 257 - x : x
+        }
+        function hand(left) {
+            leftHanded = left
+            if (chords.leftHanded !== left)
+                App.tools.screen("chordsLibrarySettings").flipLeftHanded()
+            compare(chords.leftHanded, left)
+        }
+        function cleanup() {
+            hand(false)
         }
         function fretY(fret) {
             return 26 + 6 + (fret - 0.5) * 62
@@ -45,7 +57,12 @@ Item {
             tryVerify(() => stack.depth === 1 && findChild(stack.currentItem, "chordButton"))
         }
 
-        function test_clickedFretsAreNamed() {
+        function test_clickedFretsAreNamed_data() {
+            return [{tag: "right-handed", left: false}, {tag: "left-handed", left: true}]
+        }
+
+        function test_clickedFretsAreNamed(data) {
+            hand(data.left)
             const neck = find("neck")
             const button = find("finderButton")
             verify(!chords.finder.active, "off at first")

@@ -6,7 +6,7 @@ import ZebToolsTest
 // The tunings list on the program's own screen object, from a keyboard and a
 // mouse: typing filters, the arrows and Enter pick, the wheel scrolls, a
 // click picks without moving the list, and the user's tunings are made and
-// deleted in the editor.
+// deleted in the editor, their notes typed or picked string by string.
 Item {
     id: root
 
@@ -45,7 +45,19 @@ Item {
                     && item.y + item.height <= list.contentY + list.height + 1
         }
 
+        // Waits for a wheel's turn to come to rest, its row in the middle.
+        function settle(wheel) {
+            tryVerify(() => wheel.currentItem && Math.abs(wheel.currentItem.mapToItem(
+                          wheel, 0, wheel.currentItem.height / 2).y - wheel.height / 2) < 1)
+        }
+
         function init() {
+            // An editor a failed test left open would hide the list.
+            const name = findChild(view, "tuningName")
+            if (name && name.visible) {
+                name.forceActiveFocus()
+                keyClick(Qt.Key_Escape)
+            }
             view.screen.filter = ""
             view.screen.selectRow(1)
             find("tuningsFilter").forceActiveFocus()
@@ -146,6 +158,64 @@ Item {
             mouseClick(find("deleteTuning"))
             compare(list.count, 0)
             view.screen.filter = ""
+            compare(list.count, 53)
+        }
+
+        function test_theStringWheelsAndTheTypedNotesFollowEachOther() {
+            const list = find("tuningsList")
+            mouseClick(find("newTuningButton"))
+            const notes = find("tuningNotes")
+            const sixth = find("stringWheel6")
+            const first = find("stringWheel1")
+            compare(sixth.currentItem.text, "E2")
+            compare(first.count, 25, "an octave either side of E4")
+
+            keyClick(Qt.Key_Tab)
+            verify(notes.activeFocus)
+            keyClick(Qt.Key_Tab)
+            verify(sixth.activeFocus, "Tab goes on from the notes to the sixth string")
+            keyClick(Qt.Key_Up)
+            keyClick(Qt.Key_Up)
+            compare(notes.text, "D2 A2 D3 G3 B3 E4")
+
+            mouseWheel(first, first.width / 2, first.height / 2, 0, -120)
+            compare(notes.text, "D2 A2 D3 G3 B3 F4", "a notch down the list goes a semitone up")
+            settle(first)
+            mouseClick(first, first.width / 2, first.height / 6)
+            compare(notes.text, "D2 A2 D3 G3 B3 E4", "a click on the row above picks it")
+            keyClick(Qt.Key_End)
+            compare(notes.text, "D2 A2 D3 G3 B3 E5", "End goes up an octave")
+            keyClick(Qt.Key_Home)
+            compare(notes.text, "D2 A2 D3 G3 B3 E3")
+            keyClick(Qt.Key_Tab)
+            verify(find("tuningName").activeFocus, "Tab goes round from the first string")
+
+            notes.forceActiveFocus()
+            notes.selectAll()
+            type("Eb2 Ab2 Db3 Gb3 Bb3 Eb4")
+            tryVerify(() => sixth.currentItem && sixth.currentItem.text === "Eb2")
+            compare(first.currentItem.text, "Eb4", "the lists spell as the field does")
+            compare(first.currentIndex, 11)
+            notes.selectAll()
+            type("H2 Ab2 Db3 Gb3 Bb3 Eb4")
+            compare(sixth.currentItem.text, "Eb2", "a word that is no note leaves the list")
+            find("tuningName").text = "Picked"
+            keyClick(Qt.Key_Return)
+            const error = find("tuningError")
+            verify(error.text.indexOf("String 6: \"H2\" is not a note") >= 0, error.text)
+            compare(list.count, 53)
+
+            settle(sixth)
+            mouseClick(sixth, sixth.width / 2, sixth.height * 5 / 6)
+            compare(notes.text, "E2 Ab2 Db3 Gb3 Bb3 Eb4")
+            keyClick(Qt.Key_Down)
+            compare(notes.text, "F2 Ab2 Db3 Gb3 Bb3 Eb4")
+            keyClick(Qt.Key_Return)
+            compare(error.text, "")
+            compare(list.count, 54)
+            compare(view.screen.rows[53].notes, "F Ab Db Gb Bb Eb")
+            compare(view.screen.typedNotes(53), "F2 Ab2 Db3 Gb3 Bb3 Eb4")
+            view.screen.removeCustom(53)
             compare(list.count, 53)
         }
     }
