@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 
+#include "chords/Capo.h"
 #include "chords/ChordCatalogue.h"
 #include "chords/VariationOrder.h"
 #include "tunings/TuningCatalogue.h"
@@ -72,11 +73,12 @@ CLI::Validator tuningValidator() {
         "N|NAME");
 }
 
-TuningChoice useTuning(ChordLibrary& library, std::size_t index) {
+TuningChoice useTuning(ChordLibrary& library, std::size_t index, int capo) {
     const auto tuning = tunings::userTunings().at(static_cast<int>(index));
     const auto tokens = tunings::tokens(tuning.notes);
-    library.setTuning(tokens);
-    library.setExpandedTuning(tokens);
+    const auto sounding = chords::raisedTokens(tokens, capo).value_or(tokens);
+    library.setTuning(sounding);
+    library.setExpandedTuning(sounding);
     std::string notes;
     for (const auto& token : tokens)
         notes += (notes.empty() ? "" : " ") + token;
@@ -89,16 +91,19 @@ std::pair<std::string, std::string> splitChord(const std::string& text) {
     return {name.substr(0, rootLength), name.substr(rootLength)};
 }
 
-Fingerings fingerings(const std::string& text, std::size_t tuningIndex) {
+Fingerings fingerings(const std::string& text, std::size_t tuningIndex, int capo) {
     Fingerings f;
     ChordLibrary library;
-    f.tuning = useTuning(library, tuningIndex);
+    f.tuning = useTuning(library, tuningIndex, capo);
     const auto [root, type] = splitChord(text);
     f.root = root;
     f.chord = root + type;
+    f.capo = capo;
+    f.shape = capo > 0 ? chords::shapeNote(root, capo) + type : f.chord;
     f.set = std::make_unique<VariationSet>();
     library.getVariations(root, type, *f.set);
     sortVariations(*f.set);
+    chords::dropPastLastFret(*f.set, capo);
     return f;
 }
 

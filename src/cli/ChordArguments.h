@@ -36,8 +36,9 @@ struct TuningChoice {
     std::string name;   // "Drop D"
     std::string notes;  // "D2 A2 D3 G3 B3 E4"
 };
-// Sets the library to the tuning at a catalogue index.
-TuningChoice useTuning(ChordLibrary& library, std::size_t index);
+// Sets the library to the tuning at a catalogue index, as its strings
+// sound with a capo at fret `capo` (0: none).
+TuningChoice useTuning(ChordLibrary& library, std::size_t index, int capo = 0);
 
 // A chord's fingerings in a catalogue tuning, in the order the app shows
 // them.
@@ -45,13 +46,16 @@ struct Fingerings {
     TuningChoice tuning;
     std::string root;   // "A#"
     std::string chord;  // "A#m7"
+    int capo = 0;       // the fret fingerings count from
+    std::string shape;  // under a capo, the chord the shapes are named by ("Gm7")
     std::unique_ptr<VariationSet> set;
 
     // The fingering numbered `variation` from 1, or nullptr with the
     // reason in error (none exists, or the number is past the last).
     const ChordVariation* pick(int variation, std::string& error) const;
 };
-// text: a name chordName() accepts.
-Fingerings fingerings(const std::string& text, std::size_t tuningIndex);
+// text: a name chordName() accepts. Under a capo the frets count from it
+// and the pitches are those heard (see chords/Capo.h).
+Fingerings fingerings(const std::string& text, std::size_t tuningIndex, int capo = 0);
 
 }  // namespace zt::cli

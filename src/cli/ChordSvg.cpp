@@ -25,6 +25,8 @@ constexpr double kMarkersHeight = 26;
 constexpr double kNutHeight = 6;
 constexpr double kFretHeight = 62;
 constexpr double kCaptionHeight = 28;
+constexpr const char* kCapo = "#2B2B2B";
+constexpr double kCapoHeight = 18;
 constexpr double kDotRadius = 13;
 constexpr double kWidth = 256;
 // One fret more than a shape spans, as the screen's taller neck shows.
@@ -94,15 +96,15 @@ public:
 
 }  // namespace
 
-std::string chordSvg(const ChordShape& shape, const std::string& title,
-                     const std::string& caption) {
+std::string chordSvg(const ChordShape& shape, const std::string& title, const std::string& caption,
+                     int capo, const std::string& capoLine) {
     const int first = shape.firstShownFret();
     const double markersTop = kTitleHeight;
     const double boardTop = markersTop + kMarkersHeight;
     // The nut is drawn only when the neck starts at the first fret.
     const double nut = first == 1 ? kNutHeight : 0;
     const double boardHeight = nut + kFretsShown * kFretHeight;
-    const double height = boardTop + boardHeight + kCaptionHeight;
+    const double height = boardTop + boardHeight + kCaptionHeight * (capo > 0 ? 2 : 1);
     const auto fretCentre = [&](int fret) {
         return boardTop + nut + (fret - first + 0.5) * kFretHeight;
     };
@@ -134,6 +136,11 @@ std::string chordSvg(const ChordShape& shape, const std::string& title,
     }
     if (first > 1)
         svg.text(left - 4, fretCentre(first), std::to_string(first) + "fr", kTextDim, 12, "end");
+    if (capo > 0 && first == 1) {
+        svg.rect(left - 4, boardTop, right - left + 8, kCapoHeight, kCapo, 5,
+                 (std::string(" stroke=\"") + kTextDim + "\"").c_str());
+        svg.text(kWidth / 2, boardTop + kCapoHeight / 2, "Capo " + std::to_string(capo), kNut, 11);
+    }
 
     for (int b = 0; b < shape.barreCount; ++b) {
         const auto& barre = shape.barres[static_cast<std::size_t>(b)];
@@ -160,6 +167,8 @@ std::string chordSvg(const ChordShape& shape, const std::string& title,
         svg.text(x, y, std::to_string(s.finger), kBackground, 15);
     }
     svg.text(kWidth / 2, boardTop + boardHeight + kCaptionHeight / 2, caption, kTextDim, 13);
+    if (capo > 0)
+        svg.text(kWidth / 2, boardTop + boardHeight + kCaptionHeight * 1.5, capoLine, kText, 13);
     svg.out << "</svg>\n";
     return svg.out.str();
 }

@@ -13,6 +13,9 @@
 namespace zt::cli {
 
 // title: "C", "C/E"; caption: "C E G  ·  1 3 5" (either may be empty).
-std::string chordSvg(const ChordShape& shape, const std::string& title, const std::string& caption);
+// Under a capo (capo > 0) the capo lies across the nut, "Capo 2" on it,
+// and capoLine ("capo at the 2nd fret: C shape") closes the picture.
+std::string chordSvg(const ChordShape& shape, const std::string& title, const std::string& caption,
+                     int capo = 0, const std::string& capoLine = "");
 
 }  // namespace zt::cli

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <memory>
 
+#include "chords/Capo.h"
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordFinder.h"
 #include "chords/ChordLibrary.h"
@@ -23,6 +24,13 @@
 namespace zt::cli {
 
 namespace {
+
+// ", capo at the 2nd fret (C shapes)"; empty without a capo.
+std::string capoText(const Fingerings& found) {
+    if (found.capo == 0)
+        return {};
+    return ", capo at the " + chords::capoFretText(found.capo) + " (" + found.shape + " shapes)";
+}
 
 constexpr const char* kDescription =
     "Shows every fingering of a chord in one of the 53 tunings, in the order the app shows them "
@@ -62,6 +70,11 @@ ChordsCommand::ChordsCommand(CLI::App& parent)
         ->check(CLI::Range(1, VariationSet::kCapacity))
         ->capture_default_str();
     app.add_option("--out", out_, "with --play: the WAV file to write")->type_name("FILE");
+    app.add_option("--capo", capo_,
+                   "with NAME or --play: a capo at fret N; the fingerings count their frets from "
+                   "it and sound as the chord named (with --json, \"capo\" and \"shape\")")
+        ->check(CLI::Range(0, chords::kMaxCapo))
+        ->type_name("N");
     app.callback([this] { checkChoice(); });
     identify_ = std::make_unique<IdentifyCommand>(app);
 }
@@ -80,6 +93,8 @@ void ChordsCommand::checkChoice() {
         throw CLI::ValidationError("--out goes with --play");
     if (play_.empty() && svg_.empty() && command().count("--variation") > 0)
         throw CLI::ValidationError("--variation goes with --play or --svg");
+    if (all_ && command().count("--capo") > 0)
+        throw CLI::ValidationError("--capo goes with NAME or --play");
 }
 
 int ChordsCommand::run(std::ostream& out, std::ostream& err) {
@@ -95,7 +110,7 @@ int ChordsCommand::run(std::ostream& out, std::ostream& err) {
 }
 
 int ChordsCommand::printChord(std::ostream& out) const {
-    const Fingerings found = fingerings(name_, *tuningIndex(tuning_));
+    const Fingerings found = fingerings(name_, *tuningIndex(tuning_), capo_);
     const TuningChoice& tuning = found.tuning;
     const std::string& root = found.root;
     const std::string& chord = found.chord;
@@ -107,18 +122,21 @@ int ChordsCommand::printChord(std::ostream& out) const {
         auto variations = nlohmann::json::array();
         for (int i = 0; i < shown; ++i)
             variations.push_back(toJson(set.records[static_cast<std::size_t>(i)]));
-        out << nlohmann::json{{"chord", chord},
-                              {"notes", tones.notes},
-                              {"formula", tones.degrees},
-                              {"tuning", tuning.name},
-                              {"variations", variations}}
-                   .dump(2)
-            << "\n";
+        nlohmann::json json{{"chord", chord},
+                            {"notes", tones.notes},
+                            {"formula", tones.degrees},
+                            {"tuning", tuning.name},
+                            {"variations", variations}};
+        if (found.capo > 0) {
+            json["capo"] = found.capo;
+            json["shape"] = found.shape;
+        }
+        out << json.dump(2) << "\n";
         return kExitOk;
     }
 
     out << chord << " (" << tones.notesText() << "; " << tones.formulaText() << ") in "
-        << tuning.name << " (" << tuning.notes << "): ";
+        << tuning.name << " (" << tuning.notes << ")" << capoText(found) << ": ";
     if (set.count == 0) {
         out << "no fingering exists.\n";
         return kExitOk;
@@ -208,7 +226,7 @@ const ChordVariation* ChordsCommand::pick(const Fingerings& found, std::ostream&
 }
 
 int ChordsCommand::play(std::ostream& out, std::ostream& err) const {
-    const Fingerings found = fingerings(play_, *tuningIndex(tuning_));
+    const Fingerings found = fingerings(play_, *tuningIndex(tuning_), capo_);
     const std::string& chord = found.chord;
     const TuningChoice& tuning = found.tuning;
     int code = kExitOk;
@@ -232,15 +250,15 @@ int ChordsCommand::play(std::ostream& out, std::ostream& err) const {
         err << "zebtools-cli chords: " << error << "\n";
         return kExitFailure;
     }
-    out << "wrote " << out_ << ": " << chord << " in " << tuning.name << ", fingering "
-        << variation_ << " (" << fretLine(v) << "), " << schedule.count << " strings "
-        << kStrumSpacingSeconds * 1000 << " ms apart from the 6th, "
+    out << "wrote " << out_ << ": " << chord << " in " << tuning.name << capoText(found)
+        << ", fingering " << variation_ << " (" << fretLine(v) << "), " << schedule.count
+        << " strings " << kStrumSpacingSeconds * 1000 << " ms apart from the 6th, "
         << static_cast<double>(frames) / rate << " s\n";
     return kExitOk;
 }
 
 int ChordsCommand::writeSvg(std::ostream& out, std::ostream& err) const {
-    const Fingerings found = fingerings(name_, *tuningIndex(tuning_));
+    const Fingerings found = fingerings(name_, *tuningIndex(tuning_), capo_);
     int code = kExitOk;
     const ChordVariation* picked = pick(found, out, err, code);
     if (!picked)
@@ -250,13 +268,16 @@ int ChordsCommand::writeSvg(std::ostream& out, std::ostream& err) const {
     const auto tones = chords::chordTones(found.chord);
     const std::string title = found.chord + (bass == found.root ? "" : "/" + std::string(bass));
     const std::string caption = tones->notesText() + "  \u00B7  " + tones->formulaText();
+    const std::string shapeBass = bass == found.root ? "" : "/" + chords::shapeNote(bass, capo_);
+    const std::string capoLine =
+        "capo at the " + chords::capoFretText(capo_) + ": " + found.shape + shapeBass + " shape";
     file::Failure failure;
-    if (!file::writeAtomically(svg_, chordSvg(shape, title, caption), &failure)) {
+    if (!file::writeAtomically(svg_, chordSvg(shape, title, caption, capo_, capoLine), &failure)) {
         err << "zebtools-cli chords: cannot write " << svg_ << ": " << failure << "\n";
         return kExitFailure;
     }
-    out << "wrote " << svg_ << ": " << title << " in " << found.tuning.name << ", fingering "
-        << variation_ << " (" << fretLine(*picked) << ")\n";
+    out << "wrote " << svg_ << ": " << title << " in " << found.tuning.name << capoText(found)
+        << ", fingering " << variation_ << " (" << fretLine(*picked) << ")\n";
     return kExitOk;
 }
 

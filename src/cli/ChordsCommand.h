@@ -42,6 +42,7 @@ private:
     int variation_ = 1;
     std::string out_;
     std::string svg_;
+    int capo_ = 0;
     std::unique_ptr<IdentifyCommand> identify_;
 };
 

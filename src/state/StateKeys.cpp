@@ -20,6 +20,7 @@ static_assert(inRange(chromatic::kTaper) && inRange(chromatic::kBaseOctave) &&
               inRange(chromatic::kBaseIndex) && inRange(chromatic::kTreshold));
 static_assert(chromatic::kBaseFrequency.min <= chromatic::kBaseFrequency.fallback);
 static_assert(inRange(common::kTuning));
+static_assert(inRange(brain::kCapo) && inRange(chords::kCapo));
 
 void reportInvalid(const char* key, const Value& v) {
     log(std::string("saved value ") + v.describe() + " of \"" + key +

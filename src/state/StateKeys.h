@@ -77,6 +77,9 @@ inline constexpr BoolKey kPitchHistory{"PitchHistory", false};
 namespace brain {
 inline constexpr const char* kSection = "BrainSettings";
 inline constexpr BoolKey kLoop{"Loop", false};
+// Our own key, absent from older files: the fret a capo sits on, 0 for none;
+// the strings play as they sound with it.
+inline constexpr IntKey kCapo{"Capo", 0, 0, 12};
 }  // namespace brain
 
 // The chords screen stores its numbers as decimal strings.
@@ -95,6 +98,9 @@ inline constexpr TextKey kChordPart2{"chordPart2", ""};
 inline constexpr BoolKey kNotes{"notes", false};
 inline constexpr TextKey kPickerComponent0Row{"pickerComponent0Row", "0"};
 inline constexpr TextKey kPickerComponent1Row{"pickerComponent1Row", "0"};
+// Our own key, absent from older files and a number: the fret a capo sits
+// on, 0 for none; fingerings are shown from it.
+inline constexpr IntKey kCapo{"Capo", 0, 0, 12};
 }  // namespace chords
 
 namespace common {

@@ -30,10 +30,12 @@ int notePosition(std::string_view token) {
     return -1;
 }
 
-ByEarStrings byEarStrings(std::string_view tuning) {
+ByEarStrings byEarStrings(std::string_view tuning, int capo) {
     ByEarStrings strings;
-    for (std::size_t s = 0; s < kRecordedNames.size(); ++s)
+    for (std::size_t s = 0; s < kRecordedNames.size(); ++s) {
         strings.notes[s] = kRecordedNames[s];
+        strings.offsets[s] = capo;
+    }
     const std::vector<std::string> tokens = tunings::tokens(tuning);
     // Token i is string 6 - i: the tuning lists the lowest string first.
     for (std::size_t i = 0; i < tokens.size() && i < ByEarStrings::kStrings; ++i) {
@@ -45,8 +47,8 @@ ByEarStrings byEarStrings(std::string_view tuning) {
                 strings.notes[s] = token;
             continue;
         }
-        strings.offsets[s] = position - kRecorded[s];
-        strings.notes[s] = token.substr(0, token.size() - 1);
+        strings.offsets[s] = position + capo - kRecorded[s];
+        strings.notes[s] = kPitchNames[static_cast<std::size_t>((position + capo) % 12)];
     }
     return strings;
 }

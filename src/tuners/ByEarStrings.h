@@ -24,9 +24,11 @@ struct ByEarStrings {
 // 119); -1 for anything else.
 int notePosition(std::string_view token);
 
-// The strings of a tuning string ("D2&A2&D3&G3&B3&E4", lowest first). A token
-// that is not a note leaves its string at the recorded pitch, named by the
-// token itself; a tuning of fewer than six tokens leaves the rest so too.
-ByEarStrings byEarStrings(std::string_view tuning);
+// The strings of a tuning string ("D2&A2&D3&G3&B3&E4", lowest first) as
+// they sound with a capo at fret `capo` (0: none), each `capo` semitones
+// higher and named by the note heard. A token that is not a note leaves its
+// string at the recorded pitch (raised by the capo), named by the token
+// itself; a tuning of fewer than six tokens leaves the rest so too.
+ByEarStrings byEarStrings(std::string_view tuning, int capo = 0);
 
 }  // namespace zt

@@ -53,6 +53,8 @@ TEST(ChordsCommand, BadArgumentsExplainAndExitWithTwo) {
         {{"identify"}, {"FRETS is required"}},
         {{"--play", "C", "--variation", "99", "--out", "x.wav"},
          {"--variation 99 is past the last"}},
+        {{"C", "--capo", "13"}, {"--capo"}},
+        {{"--all", "--capo", "2"}, {"--capo goes with NAME or --play"}},
     };
     for (const auto& [args, says] : rows) {
         const Outcome run = chords(args);
@@ -117,6 +119,9 @@ TEST(ChordsCommand, SvgDrawsTheFingeringAsTheNeckShowsIt) {
         {{"C"}, ">C<", "C E G", 3, 2, 1, 0, ""},
         {{"Bm", "--variation", "2"}, ">Bm<", "B D F#", 2, 0, 0, 1, ">7fr<"},
         {{"C", "--variation", "8"}, ">C/E<", "1 3 5", 3, 3, 0, 0, ""},
+        // The capo lies over the nut as one more bar, and is named.
+        {{"D", "--capo", "2"}, ">Capo 2<", "capo at the 2nd fret: C shape", 3, 2, 1, 1, ""},
+        {{"F#m", "--capo", "2", "--variation", "8"}, ">F#m/A<", "Em/G shape", 3, 3, 0, 1, ""},
     };
     const auto path = testing::TempDir() + "zt_chord.svg";
     for (const auto& row : rows) {
@@ -199,6 +204,20 @@ TEST(ChordsCommand, JsonHoldsEachFingeringStringByStringFromTheSixth) {
         }
     }
     EXPECT_TRUE(barreF);
+
+    EXPECT_FALSE(doc.contains("capo"));
+    // Under a capo: the frets from the capo, the pitches as heard.
+    const auto capo = nlohmann::json::parse(chords({"D", "--capo", "2", "--json"}).out);
+    EXPECT_EQ(capo["capo"], 2);
+    EXPECT_EQ(capo["shape"], "C");
+    EXPECT_EQ(capo["variations"][0]["frets"], nlohmann::json({-1, 3, 2, 0, 1, 0}));
+    EXPECT_EQ(capo["variations"][0]["pitches"], nlohmann::json({-1, 50, 54, 57, 62, 66}));
+    const Outcome text = chords({"D", "--capo", "2", "--limit", "1"});
+    EXPECT_NE(text.out.find("D (D F# A; 1 3 5) in Standard (E2 A2 D3 G3 B3 E4), capo at the 2nd "
+                            "fret (C shapes): "),
+              std::string::npos)
+        << text.out;
+    EXPECT_NE(text.out.find("#1  x 3 2 0 1 0\n"), std::string::npos) << text.out;
 
     const auto dropD = nlohmann::json::parse(chords({"D", "--tuning", "drop d", "--json"}).out);
     EXPECT_EQ(dropD["tuning"], "Drop D");

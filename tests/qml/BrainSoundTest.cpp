@@ -1,8 +1,9 @@
 // The by-ear tuner in the real program, listened to: tst_brain_drop_d.qml
-// chooses Drop D and touches the 6th string, then loops the 5th, while
-// openal-soft's wave-file backend writes what the program plays to a file;
-// here the file must hold a tone whose fundamental is D2 and then an A2
-// that goes on until touched again.
+// chooses Drop D and touches the 6th string, then loops the 5th, then with
+// a capo at the 3rd fret touches the 6th again, while openal-soft's
+// wave-file backend writes what the program plays to a file; here the file
+// must hold a tone whose fundamental is D2, an A2 that goes on until
+// touched again, and an F2.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -18,6 +19,7 @@ using namespace zt::testing;
 
 constexpr double kD2 = 73.4162;
 constexpr double kE2 = 82.4069;
+constexpr double kF2 = 87.3071;
 constexpr double kA2 = 110.0;
 
 class BrainInTheApp : public ::testing::Test {
@@ -61,7 +63,7 @@ double fundamental(std::span<const float> tone, int rate) {
 TEST_F(BrainInTheApp, TheProgramPlayedTheTwoTonesTouchedForAndNothingElse) {
     ASSERT_EQ(status_, 0) << log_;
     EXPECT_EQ(recording_.rate, 44100);
-    EXPECT_EQ(sections_.size(), 2u) << "Drop D's 6th string, the looping 5th";
+    EXPECT_EQ(sections_.size(), 3u) << "Drop D's 6th string, the looping 5th, the 6th under a capo";
 }
 
 TEST_F(BrainInTheApp, InDropDTheSixthStringSoundsD2WithinACent) {
@@ -79,7 +81,7 @@ TEST_F(BrainInTheApp, InDropDTheSixthStringSoundsD2WithinACent) {
 }
 
 TEST_F(BrainInTheApp, ALoopedStringSoundsUntilTouchedAgainLongPastItsRecording) {
-    ASSERT_EQ(sections_.size(), 2u);
+    ASSERT_GE(sections_.size(), 2u);
     const Section& loop = sections_[1];
     const double seconds = double(loop.end - loop.start) / recording_.rate;
     // Touched again seven seconds on; the recording lasts three.
@@ -90,6 +92,15 @@ TEST_F(BrainInTheApp, ALoopedStringSoundsUntilTouchedAgainLongPastItsRecording) 
     // The second time round sounds as the first.
     const double again = fundamental(recording_.window(loop.start, 4.1, 6.1), recording_.rate);
     EXPECT_LT(std::abs(cents(again, kA2)), 1.0) << again << " Hz";
+}
+
+TEST_F(BrainInTheApp, UnderACapoAtTheThirdFretTheSixthStringSoundsF2WithinACent) {
+    ASSERT_EQ(sections_.size(), 3u);
+    const auto tone = recording_.window(sections_[2].start, 0.1, 2.1);
+    const double measured = fundamental(tone, recording_.rate);
+    std::printf("6th string in Drop D, capo 3: %.4f Hz, %+.3f cents from F2\n", measured,
+                cents(measured, kF2));
+    EXPECT_LT(std::abs(cents(measured, kF2)), 1.0) << measured << " Hz";
 }
 
 }  // namespace

@@ -96,6 +96,8 @@ struct TuningCase {
     QStringList notes;
     // The user's tuning the saved state names, if any.
     const char* custom = nullptr;
+    // The capo the saved state holds, if any.
+    Value capo = Value();
 };
 
 class ByEarTunings : public TunerBrainTest, public ::testing::WithParamInterface<TuningCase> {};
@@ -108,7 +110,7 @@ TEST_P(ByEarTunings, EachStringPlaysItsRecordingTransposedToTheTuningsNote) {
     Dictionary common{{"Tuning", c.index}};
     if (c.custom)
         common["CustomTuning"] = c.custom;
-    start({}, common);
+    start(c.capo.isNull() ? Dictionary{} : Dictionary{{"Capo", c.capo}}, common);
     EXPECT_EQ(brain_.tuningName().toStdString(), c.name);
     EXPECT_EQ(brain_.noteNames(), c.notes);
     Calls expected;
@@ -129,10 +131,48 @@ INSTANTIATE_TEST_SUITE_P(
         TuningCase{99, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}},
         TuningCase{0, "My C", {1, 1, 0, 0, 0, -4}, {"F", "C", "G", "D", "A", "C"}, "My C"},
         // The user's tuning named by the saved state was deleted: Standard.
-        TuningCase{0, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}, "Gone"}),
+        TuningCase{0, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}, "Gone"},
+        // With a capo every string sounds, and is named, that many frets up.
+        TuningCase{0,
+                   "Standard  \u00B7  Capo 2",
+                   {2, 2, 2, 2, 2, 2},
+                   {"F#", "C#", "A", "E", "B", "F#"},
+                   nullptr,
+                   Value(2)},
+        TuningCase{27,
+                   "Drop D  \u00B7  Capo 3",
+                   {3, 3, 3, 3, 3, 1},
+                   {"G", "D", "A#", "F", "C", "F"},
+                   nullptr,
+                   Value(3)},
+        TuningCase{2,
+                   "Baritone  \u00B7  Capo 12",
+                   {7, 7, 7, 7, 7, 7},
+                   {"B", "F#", "D", "A", "E", "B"},
+                   nullptr,
+                   Value(12)},
+        TuningCase{0,
+                   "My C  \u00B7  Capo 1",
+                   {2, 2, 1, 1, 1, -3},
+                   {"F#", "C#", "G#", "D#", "A#", "C#"},
+                   "My C",
+                   Value(1)},
+        // A capo that cannot be read back is no capo.
+        TuningCase{
+            0, "Standard", {0, 0, 0, 0, 0, 0}, {"E", "B", "G", "D", "A", "E"}, nullptr, Value(13)},
+        TuningCase{0,
+                   "Standard",
+                   {0, 0, 0, 0, 0, 0},
+                   {"E", "B", "G", "D", "A", "E"},
+                   nullptr,
+                   Value("high")}),
     [](const auto& info) {
+        const Value& capo = info.param.capo;
         return "Tuning" + std::to_string(info.param.index) + (info.param.custom ? "Own" : "") +
-               (info.param.custom && *info.param.name == 'S' ? "Gone" : "");
+               (info.param.custom && *info.param.name == 'S' ? "Gone" : "") +
+               (capo.isNull()     ? ""
+                : capo.isNumber() ? "Capo" + std::to_string(capo.toInt(0))
+                                  : "CapoText");
     });
 
 TEST_F(TunerBrainTest, WithLoopOnlyTheLastStringTouchedSoundsAndTouchingItAgainSilencesIt) {
@@ -246,6 +286,32 @@ TEST_F(TunerBrainTest, TheLoopSwitchTakesEffectAtOnceAndIsSavedAtOnce) {
     settings.switcherAction();
     EXPECT_FALSE(brain_.loopSound());
     EXPECT_EQ(savedSection(), (Dictionary{{"Loop", false}}));
+}
+
+TEST_F(TunerBrainTest, TheCapoRowRaisesTheStringsAtOnceSilencesThemAndIsSavedAtOnce) {
+    start({{"Loop", true}});
+    settings.viewWillAppear();
+    ASSERT_TRUE(settings.hasCapo());
+    EXPECT_EQ(settings.capoText(), "none");
+    brain_.pressed(6);
+    output.calls.clear();
+    settings.stepCapo(3);
+    EXPECT_EQ(settings.capoText(), "3rd fret");
+    EXPECT_EQ(brain_.capo(), 3);
+    EXPECT_FALSE(brain_.isLooping(6)) << "the old pitch stops";
+    EXPECT_EQ(output.calls.size(), 6u) << "every string silenced";
+    EXPECT_EQ(brain_.noteNames().last(), "G");
+    EXPECT_EQ(touchEach().back(), "play 6 3 loop");
+    EXPECT_EQ(savedSection(), (Dictionary{{"Loop", true}, {"Capo", 3}}));
+
+    // Kept between none and the 12th fret, whichever way and however far.
+    settings.stepCapo(40);
+    EXPECT_EQ(settings.capo(), 12);
+    EXPECT_EQ(settings.capoText(), "12th fret");
+    settings.stepCapo(-100);
+    EXPECT_EQ(brain_.capo(), 0);
+    EXPECT_EQ(valueFor(savedSection(), "Capo"), Value(0));
+    EXPECT_EQ(brain_.tuningName(), "Standard");
 }
 
 struct HandCase {

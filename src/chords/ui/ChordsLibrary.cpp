@@ -221,6 +221,7 @@ void ChordsLibrary::setChordsForPicker(const std::vector<std::string>& roots,
 
 void ChordsLibrary::setSavedData(const Dictionary& data) {
     state_ = restoredState(data, roots_, types_);
+    restoreCapo(data);
     for (int n = 1; n <= kStringCount; ++n)
         touch_.setLocked(n, state_.lockedString[static_cast<std::size_t>(n - 1)]);
     emit flagChanged();

@@ -78,6 +78,13 @@ class ChordsLibrary : public zt::Screen {
     // By string number ([n - 1]): whether string n is lit, its note having
     // begun to be heard less than kLightSeconds ago.
     Q_PROPERTY(QVariantList litStrings READ litStrings NOTIFY litChanged)
+    // The capo's fret (0: none) and the label drawn beside it ("Capo 2").
+    // Under a capo the fingerings count their frets from it and the chord
+    // keeps its concert name and sound; shapeText names the shape played
+    // ("C shape" for D with a capo at 2), empty without a capo.
+    Q_PROPERTY(int capo READ capo NOTIFY capoChanged)
+    Q_PROPERTY(QString capoLabel READ capoLabel NOTIFY capoChanged)
+    Q_PROPERTY(QString shapeText READ shapeText NOTIFY variationChanged)
     // Drawn for a left-handed player: the neck, the strip and the strings'
     // touches mirrored, the 6th string on the right. stringXs: where each
     // string is drawn, by string number ([n - 1]), in TouchView's points.
@@ -135,6 +142,9 @@ public:
     void setLeftHanded(bool on);
     // Whether the lights are still following the sound.
     bool lightsFollowing() const { return lightTimer_.isActive(); }
+    int capo() const { return capo_; }
+    QString capoLabel() const;
+    QString shapeText() const;
 
     // The chord's names and state, for the settings screen and tests.
     const ChordChoice& choice() const { return state_.choice; }
@@ -166,6 +176,9 @@ public:
                                       qreal itemHeight) const;
 
     void setShowNotes(bool notes);
+    // The capo moved (the settings page): the chord is shown again from its
+    // first fingering under it. A fret the tuning cannot take changes nothing.
+    void setCapo(int fret);
 
     // Plays the fingering shown, whole, after delaySeconds (the play button).
     Q_INVOKABLE void playCurrentChord(double delaySeconds = 0.0);
@@ -197,6 +210,7 @@ signals:
     void flagChanged();
     void lockedChanged();
     void litChanged();
+    void capoChanged();
     void handChanged();
 
 private:
@@ -207,6 +221,8 @@ private:
     // Shows the fingering at the index (bounded by the count).
     void paint();
     void updateTuningName();
+    // The saved capo, given to the delegate before the chord is fetched.
+    void restoreCapo(const Dictionary& data);
     void startReleaseTimer();
     // Something was asked of the output: the lights follow it.
     void followSound();
@@ -224,6 +240,7 @@ private:
     QVariantList diagrams_;
     StripArrows arrows_;
     QString tuningName_;
+    int capo_ = 0;
     bool pickerVisible_ = false;
     // Lets the output release the sound card once the strings are silent.
     QTimer releaseTimer_;

@@ -34,8 +34,12 @@ public:
     virtual bool isBuffersLoaded() const = 0;
     // The current tuning's display name ("Drop D").
     virtual std::string getTuningName() const = 0;
-    // The current tuning's open notes, lowest string first (E2 = 28).
+    // The current tuning's open notes as they sound with the capo, lowest
+    // string first (E2 = 28).
     virtual std::array<int, kStringCount> openNotes() const = 0;
+    // Puts the capo at a fret (0: none) for the fingerings to come; false,
+    // and nothing changed, when the tuning cannot take it.
+    virtual bool setCapo(int fret) = 0;
 };
 
 }  // namespace zt

@@ -103,3 +103,11 @@ std::array<int, kStringCount> ChordsLibraryMediator::openNotes() const {
 }
 
 }  // namespace zt
+
+namespace zt {
+
+bool ChordsLibraryMediator::setCapo(int fret) {
+    return chords_ && chords_->setCapo(fret);
+}
+
+}  // namespace zt

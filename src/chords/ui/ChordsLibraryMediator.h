@@ -45,6 +45,7 @@ public:
     bool isBuffersLoaded() const override;
     std::string getTuningName() const override;
     std::array<int, kStringCount> openNotes() const override;
+    bool setCapo(int fret) override;
 
 protected:
     // Keeps the proxies, gives ChordsProxy the current tuning, and fills the

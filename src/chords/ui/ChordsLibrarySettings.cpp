@@ -9,6 +9,8 @@ ChordsLibrarySettings::ChordsLibrarySettings(ChordsLibrary* chordsLibrary, QObje
     : ToolSettings(switchOver(chordsLibrary, &ChordsLibrary::flag, &ChordsLibrary::setShowNotes,
                               QStringLiteral("Show notes"), QStringLiteral("showNotes"),
                               state::chords::kNotes.name, SaveMoment::Left),
+                   capoOver(chordsLibrary, &ChordsLibrary::capo, &ChordsLibrary::setCapo,
+                            state::chords::kCapo.name),
                    parent) {}
 
 }  // namespace zt

@@ -1,7 +1,8 @@
 #pragma once
 // The chords settings page: its switch is "Show notes" (note names on the
 // neck instead of finger numbers), which the chords screen follows at once
-// and which is saved as the page goes.
+// and which is saved as the page goes; its capo row moves the capo the
+// fingerings are shown from.
 
 #include <QtQml/qqmlregistration.h>
 

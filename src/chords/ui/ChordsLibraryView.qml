@@ -120,7 +120,8 @@ Rectangle {
             height: 14
             elide: Text.ElideRight
             text: view.finding ? view.screen.finder.heldText
-                               : view.screen.chordNotes + "  \u00B7  " + view.screen.chordFormula
+                               : (view.screen.shapeText !== "" ? view.screen.shapeText + "  \u00B7  " : "")
+                                 + view.screen.chordNotes + "  \u00B7  " + view.screen.chordFormula
             color: Theme.text
             font.pixelSize: 11
         }

@@ -82,6 +82,7 @@ Item {
             required property int index
 
             shape: modelData
+            capo: strip.screen.capo
             height: strip.diagramHeight
             Accessible.role: Accessible.Button
             Accessible.name: "Fingering " + (item.index + 1) + (item.modelData.caption !== "" ? " " + item.modelData.caption : "")

@@ -183,6 +183,11 @@ Item {
                 }
             }
         }
+        NeckCapo {
+            screen: neck.screen
+            x: neck.boardLeft - 4
+            width: neck.boardRight - neck.boardLeft + 8
+        }
         Repeater {
             model: neck.screen.neckBarres
 

@@ -14,6 +14,8 @@ Item {
     // A map of ChordsLibrary.diagrams.
     required property var shape
     property bool current: false
+    // The capo's fret, 0 for none: drawn as a bar over the nut.
+    property int capo: 0
 
     readonly property real gridLeft: 20
     readonly property real gridTop: Math.round((height - 80) / 2) + 18
@@ -78,6 +80,16 @@ Item {
             height: 4 * diagram.fretHeight
             color: Theme.textDim
         }
+    }
+    Rectangle {
+        objectName: "capoBar"
+        visible: diagram.capo > 0 && diagram.firstFret === 1
+        x: diagram.gridLeft - 3
+        y: diagram.gridTop - 3
+        width: 5 * diagram.spacing + 7
+        height: 5
+        radius: 2.5
+        color: Theme.text
     }
     Repeater {
         model: diagram.shape.barres

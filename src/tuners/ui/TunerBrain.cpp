@@ -139,11 +139,31 @@ void TunerBrain::setLoopSound(bool loop) {
 
 void TunerBrain::setSavedData(const Dictionary& data) {
     setLoopSound(state::read(data, state::brain::kLoop));
+    setCapo(state::read(data, state::brain::kCapo));
+}
+
+QString TunerBrain::tuningName() const {
+    return capo_ > 0 ? tuningName_ + QStringLiteral("  \u00B7  Capo %1").arg(capo_) : tuningName_;
+}
+
+void TunerBrain::setCapo(int fret) {
+    fret = std::clamp(fret, state::brain::kCapo.min, state::brain::kCapo.max);
+    if (fret == capo_)
+        return;
+    capo_ = fret;
+    // What rang was tuned for the old capo.
+    stopAllSounds();
+    startLoopSound_.fill(false);
+    highlights_.fill(Hidden);
+    setSound();
+    emit tuningChanged();
+    emit highlightsChanged();
 }
 
 void TunerBrain::setSound() {
-    strings_ = byEarStrings(currentTuning_);
-    std::string line = "by-ear tuner: " + currentTuning_ + ", offsets";
+    strings_ = byEarStrings(currentTuning_, capo_);
+    std::string line =
+        "by-ear tuner: " + currentTuning_ + ", capo " + std::to_string(capo_) + ", offsets";
     for (int offset : strings_.offsets)
         line += " " + std::to_string(offset);
     log(line);

@@ -33,9 +33,13 @@ class TunerBrain : public zt::Screen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Created by the shell")
-    // The note names of strings 1 to 6 ("C#").
+    // The note names of strings 1 to 6 ("C#"), as they sound with the capo.
     Q_PROPERTY(QStringList noteNames READ noteNames NOTIFY tuningChanged)
+    // The tuning's name, and the capo's fret after it when there is one
+    // ("Standard  ·  Capo 3").
     Q_PROPERTY(QString tuningName READ tuningName NOTIFY tuningChanged)
+    // The capo's fret, 0 for none.
+    Q_PROPERTY(int capo READ capo NOTIFY tuningChanged)
     // Each string's highlight (Highlight values), strings 1 to 6.
     Q_PROPERTY(QVariantList highlights READ highlights NOTIFY highlightsChanged)
     // Counts, per string, the fades begun: a view restarts its fade when
@@ -64,7 +68,7 @@ public:
     TunerBrainDelegate* delegate() const { return delegate_; }
 
     QStringList noteNames() const;
-    QString tuningName() const { return tuningName_; }
+    QString tuningName() const;
     QVariantList highlights() const;
     QVariantList fadeCounts() const;
     bool loopSound() const { return loopSound_; }
@@ -92,6 +96,10 @@ public:
 
     // The "Loop" setting: tones repeat until their string is touched again.
     void setLoopSound(bool loop);
+    // The capo's fret, 0 (none) to 12: every string plays that many
+    // semitones higher. Silences the strings when it moves.
+    int capo() const { return capo_; }
+    void setCapo(int fret);
     // Called by the mediator with the by-ear section of the saved state.
     void setSavedData(const Dictionary& data);
     // Leaving the screen next time does not resume the user's music.
@@ -122,6 +130,7 @@ private:
     QString tuningName_;
     ByEarStrings strings_;
     bool loopSound_ = false;
+    int capo_ = 0;
     bool buttonMode_ = false;
     bool leftHanded_ = false;
     std::array<bool, kStrings> startLoopSound_{};

@@ -6,9 +6,11 @@
 namespace zt {
 
 TunerBrainSettings::TunerBrainSettings(TunerBrain* tunerBrain, QObject* parent)
-    : ToolSettings(switchOver(tunerBrain, &TunerBrain::loopSound, &TunerBrain::setLoopSound,
-                              QStringLiteral("Loop"), QStringLiteral("loop"),
-                              state::brain::kLoop.name, SaveMoment::Flipped),
-                   parent) {}
+    : ToolSettings(
+          switchOver(tunerBrain, &TunerBrain::loopSound, &TunerBrain::setLoopSound,
+                     QStringLiteral("Loop"), QStringLiteral("loop"), state::brain::kLoop.name,
+                     SaveMoment::Flipped),
+          capoOver(tunerBrain, &TunerBrain::capo, &TunerBrain::setCapo, state::brain::kCapo.name),
+          parent) {}
 
 }  // namespace zt

@@ -1,7 +1,8 @@
 #pragma once
 // The by-ear tuner's settings page: its switch is "Loop" (a touched string
 // repeats its tone until it is touched again), which the by-ear tuner
-// follows at once and which is saved at once.
+// follows at once and which is saved at once; its capo row raises every
+// string to the note it sounds with a capo.
 
 #include <QtQml/qqmlregistration.h>
 

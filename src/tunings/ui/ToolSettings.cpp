@@ -48,6 +48,7 @@ void ToolSettings::showLeftHanded(bool on) {
 
 void ToolSettings::viewWillAppear() {
     readValue();
+    readCapo();
     if (delegate_)
         showLeftHanded(delegate_->isLeftHanded());
     const QString name = delegate_ ? QString::fromStdString(delegate_->getTuningName()) : QString();

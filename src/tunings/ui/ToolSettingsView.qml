@@ -46,6 +46,12 @@ Rectangle {
                 onFlipped: view.screen.switcherAction()
             }
 
+            CapoRow {
+                screen: view.screen
+                visible: view.screen.hasCapo
+                height: visible ? Theme.rowHeight : 0
+            }
+
             CardRow {
                 objectName: "tuningsRow"
                 title: view.screen.tuningsTitle

@@ -6,8 +6,9 @@ import ZebToolsTest
 // A guitarist on the by-ear tuner of the real program, whose sound goes to
 // a file (BrainSoundTest.cpp starts this and listens to the file): Drop D
 // chosen through the gear, the settings and the tunings list, then the 6th
-// string touched once, its highlight fading, and left to ring out. The recording holds that one
-// tone and nothing else.
+// string touched once, its highlight fading, and left to ring out; the 5th
+// looped; then, with a capo at the 3rd fret, the 6th string once more. The
+// recording holds those tones and nothing else.
 Item {
     id: root
     width: 320
@@ -83,7 +84,20 @@ Item {
             wait(7000)
             tap(find("string5"))
             compare(brain.highlights[4], TunerBrain.Hidden)
-            wait(500)
+            wait(1500)
+
+            // A capo at the 3rd fret, the loop off: the 6th string sounds F2.
+            tap(find("settingsButton"))
+            settle(2)
+            tap(find("loopSwitch"))
+            for (let i = 0; i < 3; ++i)
+                tap(find("capoPlus"))
+            compare(find("capoValue").text, "3rd fret")
+            App.tools.goBack(2)
+            settle(1)
+            compare(brain.noteNames[5], "F")
+            tap(find("string6"))
+            wait(4000)
         }
     }
 }

@@ -5,7 +5,8 @@ import ZebToolsTest
 
 // Both tools' settings pages, drawn by the one view on the program's own
 // screen objects: only the switch flips the tool's value; the row it sits
-// in leads nowhere. The left-handed switch is one for both pages, flipped
+// in leads nowhere. The capo row steps the tool's capo by its buttons, the
+// wheel and the keys. The left-handed switch is one for both pages, flipped
 // by its row, its switch or Space, and turns the by-ear strings round.
 Item {
     id: root
@@ -98,6 +99,44 @@ Item {
             mouseClick(toggle, toggle.width / 2, toggle.height / 2, Qt.LeftButton, Qt.NoModifier,
                        450)
             compare(toggle.checked, before, "and follows the screen after its own click")
+        }
+
+        function test_capoRowStepsTheToolsCapo_data() {
+            return [
+                {tag: "by-ear", key: "tunerBrainSettings", tool: "tunerBrain"},
+                {tag: "chords", key: "chordsLibrarySettings", tool: "chordsLibrary"},
+            ]
+        }
+
+        function test_capoRowStepsTheToolsCapo(data) {
+            const screen = App.tools.screen(data.key)
+            const tool = App.tools.screen(data.tool)
+            const view = createTemporaryObject(page, root, {screen: screen})
+            const row = findChild(view, "capoRow")
+            const plus = findChild(view, "capoPlus")
+            const minus = findChild(view, "capoMinus")
+            const value = findChild(view, "capoValue")
+            verify(row && plus && minus && value)
+            verify(row.visible)
+            compare(screen.capo, 0)
+            compare(value.text, "none")
+            verify(!minus.enabled, "no capo is as low as it goes")
+
+            for (let i = 0; i < 3; ++i)
+                mouseClick(plus)
+            compare(screen.capo, 3)
+            compare(tool.capo, 3, "the tool follows at once")
+            compare(value.text, "3rd fret")
+            mouseWheel(row, row.width / 2, row.height / 2, 0, -120)
+            compare(tool.capo, 2, "a notch towards the user lowers it")
+
+            mouseClick(row, 30, row.height / 2)
+            verify(row.activeFocus, "a click gives the row the keys")
+            keyClick(Qt.Key_Up)
+            compare(tool.capo, 3)
+            keyClick(Qt.Key_Home)
+            compare(tool.capo, 0, "Home takes the capo off")
+            compare(value.text, "none")
         }
     }
 }
