@@ -76,6 +76,14 @@ m.update(beatAccents="ANNS", trainerOn=True, trainerStart=80, trainerEnd=120, tr
          trainerBars=4, muteOn=True, mutePlayBars=3, muteSilentBars=1, timeSig1Value=4,
          BPM=80 - 20)  # the row of the tempo wheel: 20 BPM is row 0')" 320x480 0
 
+# D with a capo at the 2nd fret (a C shape), the by-ear tuner with one at
+# the 3rd, and the chords tool left-handed.
+picture chords-capo.png "$(data capo '
+s["ChordsSettings"].update(Capo=2, ChordName="D", chordPart1="D")')" 320x480 3
+picture brain-tuner-capo.png "$(data brain-capo 's["BrainSettings"]["Capo"] = 3')" 320x480 2
+picture chords-left-handed.png \
+  "$(data left 's["CommonSettings"]["LeftHanded"] = True')" 320x480 3
+
 # The tunings list with two tunings of the user's own, the second in use,
 # and in a big window.
 cat >"$dir/custom.plist" <<'PLIST'
