@@ -20,10 +20,6 @@ double ofPercent(int percent) {
     return held(percent);
 }
 
-double ofThreshold(int tresholdPercent) {
-    return held(tresholdPercent);
-}
-
 double ofPitchStep(int step, int tresholdPercent) {
     if (step <= 0)
         return 0.0;

@@ -14,15 +14,13 @@
 
 namespace zt::level {
 
-// The level-only percentage on the scale, held to 0 ... 1.
+// A percentage of the threshold scale (the level-only reading, or the
+// threshold itself) on the meter, held to 0 ... 1.
 double ofPercent(int percent);
 
 // A pitch reading's step (0 to 10) under the threshold `tresholdPercent` on
 // the scale: 0 for step 0 and below, the band's lower edge for step 10 (the
 // band is open above), else the band's middle; held to 0 ... 1.
 double ofPitchStep(int step, int tresholdPercent);
-
-// Where the threshold percentage sits on the scale, held to 0 ... 1.
-double ofThreshold(int tresholdPercent);
 
 }  // namespace zt::level

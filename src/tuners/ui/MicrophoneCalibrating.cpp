@@ -14,6 +14,11 @@ namespace {
 // A slider value a hair below a whole percent (0.35 held as 0.3499999)
 // still counts as that percent.
 constexpr double kPercentSlack = 1e-6;
+
+// The whole percent a slider value saves as (floor, so 0.999 saves 99).
+int percentOf(double slider) {
+    return static_cast<int>(std::floor(slider * 100.0 + kPercentSlack));
+}
 }  // namespace
 
 MicrophoneCalibrating::MicrophoneCalibrating(QObject* parent)
@@ -71,11 +76,11 @@ double MicrophoneCalibrating::level() const {
 }
 
 double MicrophoneCalibrating::thresholdMark() const {
-    return level::ofThreshold(static_cast<int>(std::floor(sliderValue_ * 100.0 + kPercentSlack)));
+    return level::ofPercent(percentOf(sliderValue_));
 }
 
 void MicrophoneCalibrating::saveSettings() {
-    tresholdPercent_ = static_cast<int>(std::floor(sliderValue_ * 100.0 + kPercentSlack));
+    tresholdPercent_ = percentOf(sliderValue_);
     if (delegate_)
         delegate_->saveChromaticTunerSettings(
             {{state::chromatic::kTreshold.name, tresholdPercent_}});

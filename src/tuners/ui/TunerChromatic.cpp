@@ -275,7 +275,7 @@ void TunerChromatic::setVolume(double x, double width, double shown, double leve
 }
 
 double TunerChromatic::thresholdMark() const {
-    return level::ofThreshold(tresholdPercent_);
+    return level::ofPercent(tresholdPercent_);
 }
 
 void TunerChromatic::setPolling(bool on) {
