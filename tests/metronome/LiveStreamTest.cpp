@@ -2,7 +2,6 @@
 // openal-soft's wave-file backend: 30 s at 240 beats per minute in
 // sixteenths, every click in its place and within 1 ms of the grid.
 #include <gtest/gtest.h>
-#include <sndfile.h>
 
 #include <algorithm>
 #include <chrono>
@@ -12,25 +11,13 @@
 #include <thread>
 #include <vector>
 
+#include "ClickFiles.h"
 #include "ClickTrack.h"
 #include "metronome/MetronomePlayer.h"
 #include "sound/SoundTesting.h"
 
 namespace zt::test {
 namespace {
-
-// A 1.5 ms click of the given amplitude, written as a 44.1 kHz WAV file.
-std::filesystem::path writeClick(const std::string& name, float amplitude) {
-    const auto path = zt::testing::scratchPath(name + ".wav");
-    SF_INFO info{0, kRate, 1, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0, 0};
-    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
-    std::vector<float> click(66);
-    for (size_t i = 0; i < click.size(); ++i)
-        click[i] = amplitude * (1.0f - float(i) / click.size());
-    sf_writef_float(file, click.data(), static_cast<sf_count_t>(click.size()));
-    sf_close(file);
-    return path;
-}
 
 // What a click in the recording is, from its peak: the accent (0.8), a beat
 // (0.5) or a subdivision (0.3), whatever gain the device put on all three.

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the output-return test of the sound engine inside a private
+# Runs the output-return test of the metronome inside a private
 # PulseAudio server whose null sink "zt_tone" the test unloads and loads again.
 set -uo pipefail
 skip() { echo "SKIPPED: $*"; exit 77; }
