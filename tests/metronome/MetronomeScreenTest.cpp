@@ -455,7 +455,8 @@ TEST_F(MetronomeScreenTest, TappedBeatsCycleAndAreSaved) {
     EXPECT_EQ(valueFor(savedSection(), "beatAccents").toString(), "ANNNNNNNNNNNNNNN");
 }
 
-// The trainer's read-out follows the beats heard, not a clock of its own.
+// The trainer's read-out and the big digits follow the beats heard, not a
+// clock of their own; stopped, the digits show the wheel's tempo again.
 TEST_F(MetronomeScreenTest, TrainerStatusFollowsTheHeardBeats) {
     registerScreen(screen);
     PracticeSetup practice;
@@ -465,9 +466,12 @@ TEST_F(MetronomeScreenTest, TrainerStatusFollowsTheHeardBeats) {
     practice.trainerStep = 4;
     practice.trainerBars = 2;
     screen.setPractice(practice);
+    const QStringList wheelDigits = screen.tempoDigits();
+    ASSERT_NE(wheelDigits, QStringList({"", "6", "0"}));
     EXPECT_EQ(screen.trainerStatus(), "");  // stopped
     screen.startStop();
     EXPECT_EQ(screen.trainerStatus().toStdString(), "60 BPM, 2 bars to 64");
+    EXPECT_EQ(screen.tempoDigits(), QStringList({"", "6", "0"}));
     const struct {
         HeardBeat heard;
         const char* status;
@@ -478,9 +482,11 @@ TEST_F(MetronomeScreenTest, TrainerStatusFollowsTheHeardBeats) {
         output.heard = {poll.heard};
         screen.pollHeardBeats();
         EXPECT_EQ(screen.trainerStatus().toStdString(), poll.status);
+        EXPECT_EQ(screen.tempoDigits().join("").toInt(), poll.heard.tempo);
     }
     screen.startStop();
     EXPECT_EQ(screen.trainerStatus(), "");
+    EXPECT_EQ(screen.tempoDigits(), wheelDigits);
 }
 
 }  // namespace

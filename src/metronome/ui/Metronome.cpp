@@ -34,13 +34,14 @@ QStringList Metronome::wheelLabels() const {
 
 QStringList Metronome::tempoDigits() const {
     QStringList digits;
-    for (int digit : zt::tempoDigits(tempoForRow(shownRow_)))
+    for (int digit : zt::tempoDigits(trainerTempo_ > 0 ? trainerTempo_ : tempoForRow(shownRow_)))
         digits << (digit < 0 ? QString() : QString::number(digit));
     return digits;
 }
 
 QString Metronome::tempoName() const {
-    return QString::fromStdString(tempoLabel(tempoForRow(shownRow_)));
+    return QString::fromStdString(
+        tempoLabel(trainerTempo_ > 0 ? trainerTempo_ : tempoForRow(shownRow_)));
 }
 
 QVariantList Metronome::patternOffered() const {
@@ -87,9 +88,15 @@ void Metronome::setCurrentBeat(int beat) {
 void Metronome::updateTrainerStatus(const HeardBeat* heard) {
     const PracticeSetup& p = core_.setup().practice;
     QString status;
+    int tempo = 0;
     if (core_.isPlaying() && p.trainerOn) {
+        tempo = heard ? heard->tempo : p.trainerStart;
         status = QString::fromStdString(heard ? p.trainerStatus(heard->tempo, heard->barsToStep)
                                               : p.trainerStatus(p.trainerStart, p.barsToStep(0)));
+    }
+    if (tempo != trainerTempo_) {
+        trainerTempo_ = tempo;
+        emit tempoChanged();
     }
     if (status == trainerStatus_)
         return;

@@ -219,6 +219,9 @@ private:
     int currentBeat_ = 0;
     QString presetName_;
     QString trainerStatus_;
+    // While the speed trainer plays, the tempo it plays (the big digits show
+    // it rather than the wheel's); 0 otherwise.
+    int trainerTempo_ = 0;
     // The name of the preset last applied, preferred among presets with the
     // same settings.
     std::string appliedPreset_;

@@ -36,6 +36,26 @@ Rectangle {
         model: view.screen.presets
         ScrollIndicator.vertical: ScrollIndicator {}
 
+        // The header grows and shrinks (the practice rows come and go with
+        // their switches), which moves the list's origin; the list then
+        // goes back to its top (always, while there is no preset). Put what
+        // was on screen back where it was, once the list has done so.
+        property real fromTop: 0
+        property bool keepingPlace: false
+        onContentYChanged: if (!keepingPlace && !placeKeeper.running) fromTop = contentY - originY
+        onOriginYChanged: placeKeeper.restart()
+
+        Timer {
+            id: placeKeeper
+            interval: 0
+            onTriggered: {
+                list.keepingPlace = true
+                list.contentY = list.originY + Math.max(0, Math.min(list.fromTop,
+                    list.contentHeight + list.bottomMargin - list.height))
+                list.keepingPlace = false
+            }
+        }
+
         // The views' ids are reached from the header and the rows, which
         // cannot be bound components here (see the top of the file).
         // qmllint disable unqualified

@@ -28,14 +28,14 @@ Column {
         }
 
         Repeater {
-            model: card.practice.trainerOn
-                   ? [PracticeSettings.TrainerStart, PracticeSettings.TrainerEnd,
-                      PracticeSettings.TrainerStep, PracticeSettings.TrainerBars] : []
+            // A count, not a list: the rows stay as they are while their
+            // values change.
+            model: card.practice.trainerOn ? 4 : 0
 
             PracticeStepRow {
-                required property int modelData
+                required property int index
                 practice: card.practice
-                field: modelData
+                field: PracticeSettings.TrainerStart + index
             }
         }
 
@@ -51,14 +51,12 @@ Column {
         Repeater {
             id: muteRows
 
-            model: card.practice.muteOn
-                   ? [PracticeSettings.MutePlayBars, PracticeSettings.MuteSilentBars] : []
+            model: card.practice.muteOn ? 2 : 0
 
             PracticeStepRow {
-                required property int modelData
                 required property int index
                 practice: card.practice
-                field: modelData
+                field: PracticeSettings.MutePlayBars + index
                 last: index === muteRows.count - 1
             }
         }

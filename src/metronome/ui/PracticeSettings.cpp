@@ -30,10 +30,6 @@ const FieldInfo* infoFor(int field) {
     return field >= 0 && field < static_cast<int>(kFields.size()) ? &kFields[field] : nullptr;
 }
 
-QString bars(int count) {
-    return QString::number(count) + (count == 1 ? " bar" : " bars");
-}
-
 }  // namespace
 
 PracticeSettings::PracticeSettings(MetronomeControls* metronome, QObject* parent)
@@ -50,20 +46,12 @@ void PracticeSettings::apply(const PracticeSetup& practice) {
     emit changed();
 }
 
-QString PracticeSettings::trainerSummary() const {
+QList<int> PracticeSettings::values() const {
     const PracticeSetup p = current();
-    const QString sign = p.trainerEnd >= p.trainerStart ? "+" : "\u2212";
-    return QString("%1 to %2 BPM, %3%4 every %5")
-        .arg(p.trainerStart)
-        .arg(p.trainerEnd)
-        .arg(sign)
-        .arg(p.trainerStep)
-        .arg(bars(p.trainerBars));
-}
-
-QString PracticeSettings::muteSummary() const {
-    const PracticeSetup p = current();
-    return bars(p.mutePlayBars) + " on, " + bars(p.muteSilentBars) + " off";
+    QList<int> all;
+    for (const FieldInfo& info : kFields)
+        all.append(p.*(info.member));
+    return all;
 }
 
 void PracticeSettings::toggleTrainer() {

@@ -7,6 +7,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
+#include <QList>
 #include <QObject>
 #include <QString>
 
@@ -22,10 +23,9 @@ class PracticeSettings : public QObject {
     QML_UNCREATABLE("Part of the metronome settings")
     Q_PROPERTY(bool trainerOn READ trainerOn NOTIFY changed)
     Q_PROPERTY(bool muteOn READ muteOn NOTIFY changed)
-    // One line of what the trainer does, for a guitarist ("60 to 120 BPM,
-    // +5 every 4 bars"), and of the muted bars ("3 bars on, 1 bar off").
-    Q_PROPERTY(QString trainerSummary READ trainerSummary NOTIFY changed)
-    Q_PROPERTY(QString muteSummary READ muteSummary NOTIFY changed)
+    // Every field's value, indexed by Field: a property, so that a view
+    // bound to it is told of each change.
+    Q_PROPERTY(QList<int> values READ values NOTIFY changed)
 
 public:
     enum Field { TrainerStart, TrainerEnd, TrainerStep, TrainerBars, MutePlayBars, MuteSilentBars };
@@ -35,8 +35,7 @@ public:
 
     bool trainerOn() const { return current().trainerOn; }
     bool muteOn() const { return current().muteOn; }
-    QString trainerSummary() const;
-    QString muteSummary() const;
+    QList<int> values() const;
 
     Q_INVOKABLE void toggleTrainer();
     Q_INVOKABLE void toggleMute();

@@ -4,24 +4,25 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // A practice value in a settings card: its name, then minus, the value and
-// plus. The buttons, the mouse wheel over the row and, with the row focused,
-// the arrow keys (Page Up and Page Down by ten) step it through the screen.
+// plus. The buttons and, once the row is clicked, the mouse wheel and the
+// arrow keys (Page Up and Page Down by ten) step it through the screen. Till
+// then the wheel scrolls the page, which must not change values it passes.
 CardRow {
     id: row
 
     required property PracticeSettings practice
     required property int field
 
-    // Read again whenever the practice settings change.
-    readonly property int value: practice.trainerOn, practice.muteOn, practice.trainerSummary,
-                                 practice.muteSummary, practice.value(field)
+    readonly property int value: practice.values[field]
 
+    objectName: "practiceRow" + field
     title: practice.title(field)
     trailing: stepper.width
     focusPolicy: Qt.StrongFocus
     onClicked: row.forceActiveFocus()
 
     WheelSteps {
+        enabled: row.activeFocus
         onStepped: notches => row.practice.step(row.field, notches)
     }
 

@@ -4,9 +4,10 @@ import QtQuick.Controls.Basic
 import ZebTools
 
 // The capo in a tool's settings card: "Capo", then minus, the fret ("none",
-// "3rd fret") and plus. The buttons, the mouse wheel over the row and, with
-// the row focused, the arrow keys (Home: no capo) move it through the
-// screen, which keeps it between none and the 12th fret.
+// "3rd fret") and plus. The buttons and, once the row is clicked, the mouse
+// wheel and the arrow keys (Home: no capo) move it through the screen, which
+// keeps it between none and the 12th fret. Till then the wheel scrolls the
+// page, which must not move the capo as it passes.
 CardRow {
     id: row
 
@@ -20,6 +21,7 @@ CardRow {
     onClicked: row.forceActiveFocus()
 
     WheelSteps {
+        enabled: row.activeFocus
         onStepped: notches => row.screen.stepCapo(notches)
     }
 

@@ -46,6 +46,49 @@ Item {
             metronome = App.tools.screen("metronome")
         }
 
+        // The practice rows, before any preset exists: a switch leaves the
+        // page where it was, a value shows its step at once, and the wheel
+        // scrolls past a row until the row is clicked.
+        function test_0_practiceRows() {
+            const settings = openSettings()
+            const practice = settings.practice
+            verify(!practice.trainerOn && settings.presets.count === 0)
+            const list = find("settingsList")
+            settle(list)
+            list.contentY = list.originY + list.contentHeight - list.height
+            const fromTop = list.contentY - list.originY
+            verify(fromTop > 0, "the page scrolls at this size")
+            click(find("trainerSwitch"))
+            verify(practice.trainerOn)
+            wait(50)
+            compare(list.contentY - list.originY, fromTop, "the page stays where it was")
+
+            list.contentY = list.originY + list.contentHeight - list.height
+            const field = PracticeSettings.TrainerBars
+            const value = find("practiceValue" + field)
+            const row = find("practiceRow" + field)
+            compare(value.text, "4")
+            click(find("stepPlus" + field))
+            compare(value.text, "5", "the step shows at once")
+            mouseWheel(row, 30, row.height / 2, 0, 120)
+            compare(value.text, "5", "the wheel scrolls past a row not clicked")
+            click(row, 30)
+            verify(row.activeFocus)
+            mouseWheel(row, 30, row.height / 2, 0, 120)
+            compare(value.text, "6")
+            keyClick(Qt.Key_Down)
+            compare(value.text, "5")
+            practice.step(field, -1)
+            compare(value.text, "4")
+
+            click(find("trainerSwitch"))
+            verify(!practice.trainerOn)
+            App.tools.goBack(0)
+            tryCompare(stack, "depth", 1)
+            tryVerify(() => !stack.busy)
+            root.forceActiveFocus()
+        }
+
         function test_1_tempoWheel() {
             const wheel = find("tempoWheel")
             metronome.selectRow(100)

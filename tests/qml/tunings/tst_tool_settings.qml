@@ -128,10 +128,12 @@ Item {
             compare(tool.capo, 3, "the tool follows at once")
             compare(value.text, "3rd fret")
             mouseWheel(row, row.width / 2, row.height / 2, 0, -120)
-            compare(tool.capo, 2, "a notch towards the user lowers it")
+            compare(tool.capo, 3, "the wheel scrolls past a row not clicked")
 
             mouseClick(row, 30, row.height / 2)
             verify(row.activeFocus, "a click gives the row the keys")
+            mouseWheel(row, row.width / 2, row.height / 2, 0, -120)
+            compare(tool.capo, 2, "a notch towards the user lowers it")
             keyClick(Qt.Key_Up)
             compare(tool.capo, 3)
             keyClick(Qt.Key_Home)
