@@ -14,6 +14,7 @@
 #include "app/AppLog.h"
 #include "app/AppOptions.h"
 #include "app/QtMainLoop.h"
+#include "app/QuitSignals.h"
 #include "app/ScreenProbe.h"
 #include "app/ScreenshotRunner.h"
 #include "app/SingleInstance.h"
@@ -47,6 +48,7 @@ int main(int argc, char* argv[]) {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 
     QGuiApplication app(argc, argv);
+    zt::quitOnTerminationSignals();
     QGuiApplication::setApplicationDisplayName("ZebTools");
     QGuiApplication::setDesktopFileName("org.zebtools.ZebTools");
     QQuickStyle::setStyle("Basic");

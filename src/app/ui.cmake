@@ -10,7 +10,8 @@ list(APPEND ZT_UI_SOURCES
   app/ZebToolsAppDelegate.h app/ZebToolsAppDelegate.cpp
   app/ScreenshotRunner.h app/ScreenshotRunner.cpp app/AppLog.h app/AppLog.cpp
   app/WindowPlacement.h app/WindowPlacement.cpp app/ScreenProbe.h app/ScreenProbe.cpp
-  app/AppOptions.h app/AppOptions.cpp app/SingleInstance.h app/SingleInstance.cpp)
+  app/AppOptions.h app/AppOptions.cpp app/SingleInstance.h app/SingleInstance.cpp
+  app/QuitSignals.h app/QuitSignals.cpp)
 list(APPEND ZT_QML_FILES
   app/Main.qml app/ToolTabBar.qml app/ToolStack.qml app/ScreenPage.qml
   app/PlaceholderView.qml app/LoadingCover.qml app/DesktopShortcuts.qml app/NoticeBanner.qml)

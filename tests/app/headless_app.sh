@@ -42,6 +42,25 @@ grep -q "<key>MetronomeSettings</key>" "$ZEBTOOLS_DATA_DIR/saveState.plist" || f
 echo "ok: chosen tab saved at quit, event logged"
 if grep -qE "Buffers was loaded|ALSOFT" "$work/log"; then fail "a normal run printed debug lines"; fi
 
+# Ended by a signal (the session ending, the shell closing the app, Ctrl-C),
+# the run ends as a quit does and saves what was chosen.
+for signal in TERM INT HUP; do
+    "$app" --verbose --select-tab 2 > "$work/log" 2>&1 &
+    pid=$!
+    for _ in $(seq 300); do
+        grep -q "Buffers was loaded" "$work/log" && break
+        sleep 0.1
+    done
+    sleep 0.5
+    kill -s "$signal" "$pid"
+    code=0
+    wait "$pid" || code=$?
+    [ "$code" = 0 ] || fail "SIG$signal ended the app with $code"
+    [ "$(saved_tab)" = 2 ] || fail "after SIG$signal the saved tab is $(saved_tab), expected 2"
+    "$app" --select-tab 1 --quit-when-loaded > "$work/log" 2>&1 || fail "app exited with $?"
+done
+echo "ok: a run ended by SIGTERM, SIGINT or SIGHUP saves as a quit does"
+
 # A state file that cannot be parsed is kept aside; the app runs on defaults.
 echo "not a plist" > "$ZEBTOOLS_DATA_DIR/saveState.plist"
 timeout 60 "$app" --verbose --quit-when-loaded > "$work/log" 2>&1 ||
