@@ -23,7 +23,9 @@ Rectangle {
     readonly property bool wide: width >= 600
     readonly property bool finding: screen.finder.active
     readonly property real headerHeight: 62
-    readonly property real namesHeight: finding ? Math.min(150, Math.round(height * 0.3)) : 0
+    // The finder's names go under the neck on a phone, beside it when wide.
+    readonly property real namesHeight: finding && !wide ? Math.min(150, Math.round(height * 0.3))
+                                                         : 0
     readonly property real pickerWidth: 250
     // The neck and the strip keep their phone width.
     readonly property real instrumentWidth: 320
@@ -245,13 +247,16 @@ Rectangle {
             height: instrument.height - y
         }
 
-        FinderNames {
-            finder: view.screen.finder
-            visible: view.finding
-            y: instrument.height - height
-            width: instrument.width
-            height: view.namesHeight
-        }
+    }
+
+    FinderNames {
+        finder: view.screen.finder
+        framed: view.wide
+        visible: view.finding
+        x: view.wide ? Math.max(12, instrument.x - 16 - 340) : instrument.x
+        y: view.wide ? 12 : view.height - height
+        width: view.wide ? instrument.x - 16 - x : instrument.width
+        height: view.wide ? Math.min(view.height - 24, 420) : view.namesHeight
     }
 
     ChordPicker {

@@ -5,15 +5,21 @@ import ZebTools
 
 // The names the finder gives the shape held, best first: the name, its
 // notes, its formula and what it leaves out or adds; a line saying why when
-// nothing fits; and a button that opens every string again.
+// nothing fits; and a button that opens every string again. Under the
+// neck on a phone; a panel of its own beside it in a wide window, with room
+// for longer names.
 Rectangle {
     id: names
 
     required property ChordsFinder finder
+    property bool framed: false
 
     color: Theme.panel
+    radius: framed ? 14 : 0
+    border.color: framed ? Theme.separator : "transparent"
 
     Rectangle {
+        visible: !names.framed
         width: parent.width
         height: 1
         color: Theme.separator
@@ -62,8 +68,9 @@ Rectangle {
 
         objectName: "finderNames"
         x: 10
-        y: 6
-        width: clearButton.x - x - 4
+        // Beside the button under the neck; below it in a panel of its own.
+        y: names.framed ? clearButton.y + clearButton.height + 8 : 6
+        width: names.framed ? names.width - 2 * x : clearButton.x - x - 4
         height: names.height - y - 4
         clip: true
         model: names.finder.names
@@ -80,7 +87,7 @@ Rectangle {
 
             Text {
                 id: nameText
-                width: 68
+                width: names.framed ? 100 : 68
                 elide: Text.ElideRight
                 text: row.modelData.name
                 color: row.index === 0 ? Theme.accent : Theme.text

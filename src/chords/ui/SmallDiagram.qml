@@ -48,7 +48,8 @@ Item {
         objectName: "firstFretNumber"
         visible: diagram.firstFret > 1
         x: 0
-        width: diagram.gridLeft - 3
+        // Clear of a barre at that fret, which reaches 3 px past the string.
+        width: diagram.gridLeft - 5
         y: diagram.gridTop + diagram.fretHeight / 2 - height / 2
         horizontalAlignment: Text.AlignRight
         text: diagram.firstFret
