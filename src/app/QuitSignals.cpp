@@ -16,6 +16,7 @@ namespace {
 // The handler may only do what is safe in a signal handler: it writes the
 // signal's number into a socket that the event loop watches.
 int wakeEnds[2] = {-1, -1};
+constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
 void onSignal(int signal) {
     const char byte = static_cast<char>(signal);
@@ -37,14 +38,18 @@ void quitOnTerminationSignals() {
         char byte = 0;
         while (::read(wakeEnds[1], &byte, 1) == 1)
             log("Quitting on signal " + std::to_string(int(byte)));
+        // On its way out: any further one ends the program at once.
+        for (int signal : kSignals)
+            std::signal(signal, SIG_DFL);
         QCoreApplication::quit();
     });
     struct sigaction action {};
     action.sa_handler = onSignal;
     sigemptyset(&action.sa_mask);
-    // The first signal is ours; the next one gets the default action back.
+    // A second signal of the same kind ends the program even when the
+    // event loop is stuck and never reads the first.
     action.sa_flags = SA_RESTART | SA_RESETHAND;
-    for (int signal : {SIGTERM, SIGINT, SIGHUP})
+    for (int signal : kSignals)
         ::sigaction(signal, &action, nullptr);
 }
 
