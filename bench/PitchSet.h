@@ -3,8 +3,9 @@
 // of sampled guitars, basses, a piano and a violin at 8000 Hz. Each note's
 // true pitch is measured here from its partials over a second of its steady
 // part (a Hann window of 8192 samples, a transform of 65536 points, peaks
-// refined by a parabola through log magnitudes, and the stiff-string fit),
-// since a sampled instrument is not tuned exactly to its nominal pitch.
+// refined by a parabola through log magnitudes, each partial sought where
+// those below it put it, and the stiff-string fit), since a sampled
+// instrument is not tuned exactly to its nominal pitch.
 // Noise (white or pink) is added with a seed per note.
 
 #include <cmath>
@@ -70,14 +71,32 @@ inline double measureTruth(const std::vector<double>& signal, std::size_t onset,
     transform.forward(padded.data(), bins.data());
     const double binHz = 8000.0 / kLength;
     auto level = [&](std::size_t k) { return std::log(std::abs(bins[k]) + 1e-12); };
+    // Partials are sought one by one: the first three within 60 cents of the
+    // multiples of the nominal pitch, each further one within a quarter of the
+    // spacing of where the partials found so far put it. A fixed guess of the
+    // strings' stretch would, high up, land nearer the next multiple and take
+    // its partial for this one.
     std::vector<Partial> found;
     double strongest = 0.0;
-    for (int h = 1; h * nominal < 3800.0 && h <= 16; ++h) {
-        // Within 60 cents of the multiple (and of a stiff string's stretch).
-        const double centre = h * nominal * (1.0 + 2e-4 * h * h);
-        const auto lo = static_cast<std::size_t>(centre * 0.966 / binHz);
-        const auto hi = std::min<std::size_t>(static_cast<std::size_t>(centre * 1.035 / binHz),
-                                              kLength / 2 - 1);
+    HarmonicFit progress;
+    auto weighed = [&strongest](HarmonicFit& fit, const std::vector<Partial>& partials) {
+        fit.clear();
+        for (Partial p : partials) {
+            if (p.amplitude < 0.02 * strongest)
+                continue;
+            p.weight = p.amplitude * p.amplitude / (p.harmonic * p.harmonic);
+            fit.add(p);
+        }
+        return fit.solve();
+    };
+    for (int h = 1; h <= 16; ++h) {
+        const bool guided = progress.size() >= 3;
+        const double centre = guided ? progress.predict(h) : h * nominal;
+        const double half = guided ? 0.25 * progress.predict(1) : std::min(0.035, 0.3 / h) * centre;
+        if (centre + half >= 3800.0)
+            break;
+        const auto lo = static_cast<std::size_t>((centre - half) / binHz);
+        const auto hi = static_cast<std::size_t>((centre + half) / binHz);
         std::size_t k = lo;
         for (std::size_t i = lo; i <= hi; ++i)
             k = std::abs(bins[i]) > std::abs(bins[k]) ? i : k;
@@ -87,15 +106,10 @@ inline double measureTruth(const std::vector<double>& signal, std::size_t onset,
         const double amplitude = std::abs(bins[k]);
         strongest = std::max(strongest, amplitude);
         found.push_back({h, (k + 0.5 * (l - r) / (l - 2 * c + r)) * binHz, 0.0, amplitude});
+        weighed(progress, found);
     }
     HarmonicFit fit;
-    for (Partial p : found) {
-        if (p.amplitude < 0.02 * strongest)
-            continue;
-        p.weight = p.amplitude * p.amplitude / (p.harmonic * p.harmonic);
-        fit.add(p);
-    }
-    if (!fit.solve())
+    if (!weighed(fit, found))
         return 0.0;
     // A sound whose strong partials disagree (two detuned layers, a chorus)
     // has no one pitch.
