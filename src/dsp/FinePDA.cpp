@@ -66,8 +66,10 @@ double FinePDA::classicScale(std::size_t blockLength) {
 bool FinePDA::findPeriod(double& coarse) {
     const auto minLag = static_cast<std::size_t>(std::max(2.0, std::floor(sampleRate_ / kHighest)));
     const auto maxLag = static_cast<std::size_t>(std::ceil(sampleRate_ / kLowest));
-    for (std::size_t k = 0; k < kBins; ++k)
-        power_[k] = std::norm(views_.rawB()[k]);
+    for (std::size_t k = 0; k < kBins; ++k) {
+        powerSpectrum_[k] = std::norm(views_.rawB()[k]);
+        power_[k] = powerSpectrum_[k];
+    }
     views_.inverse(power_.data(), autocorrelation_.data());
     for (std::size_t lag = 0; lag <= maxLag + 1; ++lag)
         autocorrelation_[lag] /= static_cast<float>(kTransform);

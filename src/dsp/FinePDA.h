@@ -84,6 +84,7 @@ private:
     BlockViews views_;
     std::array<std::complex<float>, BlockViews::kBins> power_{};
     std::array<float, BlockViews::kTransform> autocorrelation_{};
+    std::array<float, BlockViews::kBins> powerSpectrum_{};
     HarmonicFit fit_;
     // What a peak must pass to be a partial, for the block being read.
     struct Search {

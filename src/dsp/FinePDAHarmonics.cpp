@@ -17,9 +17,10 @@ constexpr double kCertainShare = 0.03;
 // ...and only if the block repeats after the lower fundamental's period
 // nearly as well as after the period found (a true lower fundamental
 // repeats it better: its odd partials are out of phase at half its period).
-// The period's half or third may repeat a little worse where the lag is
-// only a few samples long; a sixth, whose multiples lie so close that any
-// stray peak is near one of them, must repeat as well.
+// The period's half or third may repeat a little worse (a stiff string's
+// partials drift apart over the longer lag, and noise weighs more there); a
+// sixth, whose multiples lie so close that any stray peak is near one of
+// them, must repeat as well.
 constexpr double kRepeatTolerance = 0.03;
 constexpr double kSixthRepeatTolerance = 0.002;
 constexpr double kOnMultiple = 0.015;
@@ -85,14 +86,16 @@ int FinePDA::settleHarmonicNumbers() {
             }
         }
         const double fundamental = weight > 0.0 ? sum / weight : 0.0;
-        const double periodRepeats = repetitionNear(
-            autocorrelation_.data(), views_.squares().data(), BlockViews::kView, periodLag_);
+        auto repeats = [this](double lag) {
+            return repetitionAt(powerSpectrum_.data(), BlockViews::kBins, views_.squares().data(),
+                                BlockViews::kView, lag);
+        };
+        const double periodRepeats = repeats(periodLag_);
         for (int d : {3, 2, 1}) {
             const double lag = periodLag_ * kGridDivisions / d;
             const double tolerance = d == 1 ? kSixthRepeatTolerance : kRepeatTolerance;
             if (standOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
-                repetitionNear(autocorrelation_.data(), views_.squares().data(), BlockViews::kView,
-                               lag) >= periodRepeats - tolerance) {
+                repeats(lag) >= periodRepeats - tolerance) {
                 divisor = d;
                 break;
             }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <complex>
+#include <numbers>
 
 namespace zt {
 
@@ -83,25 +85,37 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
     return PeriodEstimate{static_cast<double>(chosen->lag) + chosen->lagShift, chosen->peakValue};
 }
 
-double repetitionNear(const float* autocorrelation, const double* squares, std::size_t length,
-                      double lag) {
-    const auto centre = static_cast<std::size_t>(std::lround(lag));
-    if (centre < 2 || centre + 2 >= length)
+double repetitionAt(const float* power, std::size_t bins, const double* squares, std::size_t length,
+                    double lag) {
+    if (!(lag >= 1.0) || lag + 2.0 >= static_cast<double>(length) || bins < 2)
         return 0.0;
-    std::size_t top = centre - 1;
-    for (std::size_t t = centre; t <= centre + 1; ++t)
-        top =
-            nsdf(autocorrelation, squares, length, t) > nsdf(autocorrelation, squares, length, top)
-                ? t
-                : top;
-    const double left = nsdf(autocorrelation, squares, length, top - 1);
-    const double value = nsdf(autocorrelation, squares, length, top);
-    const double right = nsdf(autocorrelation, squares, length, top + 1);
-    const double curvature = left - 2.0 * value + right;
-    if (!(curvature < 0.0))
-        return value;
-    const double shift = std::clamp(0.5 * (left - right) / curvature, -0.5, 0.5);
-    return value - 0.25 * (left - right) * shift;
+    const double step = std::numbers::pi / static_cast<double>(bins - 1);
+    // r and its first two derivatives at the lag: sums of the power's cosines.
+    const std::complex<double> turn = std::polar(1.0, step * lag);
+    std::complex<double> phasor = 1.0;
+    double r = 0.0, slope = 0.0, curvature = 0.0;
+    for (std::size_t k = 0; k < bins; ++k) {
+        const double weight = (k == 0 || k + 1 == bins ? 1.0 : 2.0) * power[k];
+        const double w = step * static_cast<double>(k);
+        r += weight * phasor.real();
+        slope -= weight * w * phasor.imag();
+        curvature -= weight * w * w * phasor.real();
+        phasor *= turn;
+    }
+    // The top of the quadratic through r at the lag, within half a sample.
+    double t = lag;
+    if (curvature < 0.0) {
+        const double shift = std::clamp(-slope / curvature, -0.5, 0.5);
+        r += shift * (slope + 0.5 * curvature * shift);
+        t += shift;
+    }
+    // m(t) between whole lags, which it hardly leaves a straight line.
+    const auto whole = static_cast<std::size_t>(t);
+    const double share = t - static_cast<double>(whole);
+    auto m = [&](std::size_t at) { return squares[length - at] + squares[length] - squares[at]; };
+    const double norm = (1.0 - share) * m(whole) + share * m(whole + 1);
+    // r was summed over the transform's 2 (bins - 1) points, unnormalised.
+    return norm > 0.0 ? 2.0 * r / (2.0 * static_cast<double>(bins - 1)) / norm : 0.0;
 }
 
 }  // namespace zt

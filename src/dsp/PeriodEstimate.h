@@ -26,9 +26,14 @@ std::optional<PeriodEstimate> estimatePeriod(const float* autocorrelation, const
                                              std::size_t length, std::size_t minLag,
                                              std::size_t maxLag, double keyRatio);
 
-// The highest n within a sample of `lag` (the top of a parabola through its
-// neighbours): how well the block repeats after about that many samples.
-double repetitionNear(const float* autocorrelation, const double* squares, std::size_t length,
-                      double lag);
+// The highest n within half a sample of `lag`: how well the block repeats
+// after about that many samples. The autocorrelation there and its first
+// two derivatives, which put its top, are summed from the block's power
+// spectrum (`bins` values of a transform at least twice the block long) as
+// a band-limited signal's would be. A parabola through whole lags misjudges
+// the top of a period only a few samples long by several hundredths, more
+// than a period and its double differ by.
+double repetitionAt(const float* power, std::size_t bins, const double* squares, std::size_t length,
+                    double lag);
 
 }  // namespace zt

@@ -88,6 +88,10 @@ TEST_F(FinePDATest, TheFundamentalWhereverTheEnergyIs) {
         {"stiff high string", pluck(659.3, 1e-4, 0.6, 2), 659.3, 1.0},
         {"string at the end of its ring", pluck(146.8, 1e-4, 2.0, 3), 146.8, 1.0},
         {"upper partials dominate, stray peaks between", unevenUpperPartials(), 329.63, 0.5},
+        // Periods of four and eight samples: the test of the longer one must
+        // not misjudge how well the block repeats between whole lags.
+        {"high note, octave 20 dB over its fundamental", harmonics(944.4, {1000, 10000, 100, 160}),
+         944.4, 0.5},
     };
     for (const auto& row : rows)
         EXPECT_NEAR(cents(read(row.block), row.truth), 0.0, row.within) << row.name;
