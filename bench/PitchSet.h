@@ -108,9 +108,25 @@ inline double measureTruth(const std::vector<double>& signal, std::size_t onset,
         found.push_back({h, (k + 0.5 * (l - r) / (l - 2 * c + r)) * binHz, 0.0, amplitude});
         weighed(progress, found);
     }
+    // A weak peak taken for a partial (a stray, the bleed of a neighbour)
+    // bends the fit: the weak partial furthest off is dropped while one lies
+    // more than 8 cents from it.
     HarmonicFit fit;
-    if (!weighed(fit, found))
-        return 0.0;
+    for (;;) {
+        if (!weighed(fit, found))
+            return 0.0;
+        int worst = 0;
+        double furthest = 8.0;
+        for (std::size_t i = 0; i < fit.size(); ++i) {
+            if (fit[i].amplitude < 0.1 * strongest && std::fabs(fit.residualCents(i)) > furthest) {
+                furthest = std::fabs(fit.residualCents(i));
+                worst = fit[i].harmonic;
+            }
+        }
+        if (worst == 0)
+            break;
+        std::erase_if(found, [worst](const Partial& p) { return p.harmonic == worst; });
+    }
     // A sound whose strong partials disagree (two detuned layers, a chorus)
     // has no one pitch.
     for (std::size_t i = 0; i < fit.size(); ++i) {
