@@ -32,16 +32,19 @@ QStringList Metronome::wheelLabels() const {
     return labels;
 }
 
+int Metronome::shownTempo() const {
+    return trainerTempo_ > 0 ? trainerTempo_ : tempoForRow(shownRow_);
+}
+
 QStringList Metronome::tempoDigits() const {
     QStringList digits;
-    for (int digit : zt::tempoDigits(trainerTempo_ > 0 ? trainerTempo_ : tempoForRow(shownRow_)))
+    for (int digit : zt::tempoDigits(shownTempo()))
         digits << (digit < 0 ? QString() : QString::number(digit));
     return digits;
 }
 
 QString Metronome::tempoName() const {
-    return QString::fromStdString(
-        tempoLabel(trainerTempo_ > 0 ? trainerTempo_ : tempoForRow(shownRow_)));
+    return QString::fromStdString(tempoLabel(shownTempo()));
 }
 
 QVariantList Metronome::patternOffered() const {

@@ -202,6 +202,9 @@ private:
     void setCurrentBeat(int beat);
     // From the latest heard beat (none: the run's start).
     void updateTrainerStatus(const HeardBeat* heard);
+    // The tempo the big digits show: the trainer's while it plays, else the
+    // wheel's.
+    int shownTempo() const;
     bool panelKeyPressed(int key);
 
     MetronomeDelegate* delegate_ = nullptr;
@@ -219,8 +222,7 @@ private:
     int currentBeat_ = 0;
     QString presetName_;
     QString trainerStatus_;
-    // While the speed trainer plays, the tempo it plays (the big digits show
-    // it rather than the wheel's); 0 otherwise.
+    // While the speed trainer plays, the tempo it plays; 0 otherwise.
     int trainerTempo_ = 0;
     // The name of the preset last applied, preferred among presets with the
     // same settings.

@@ -37,9 +37,9 @@ Rectangle {
         ScrollIndicator.vertical: ScrollIndicator {}
 
         // The header grows and shrinks (the practice rows come and go with
-        // their switches), which moves the list's origin; the list then
-        // goes back to its top (always, while there is no preset). Put what
-        // was on screen back where it was, once the list has done so.
+        // their switches), which moves the list's origin, and the list
+        // went back to its top (seen with no preset yet). Put what was on
+        // screen back where it was, once the list has moved.
         property real fromTop: 0
         property bool keepingPlace: false
         onContentYChanged: if (!keepingPlace && !placeKeeper.running) fromTop = contentY - originY
