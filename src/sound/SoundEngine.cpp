@@ -38,7 +38,7 @@ SoundEngine::~SoundEngine() {
     auto alLock = al_->lock();
     deleteGroups();
     for (auto& [id, sound] : sounds_)
-        alDeleteBuffers(1, &sound.buffer);
+        dropBuffer(sound);
     sounds_.clear();
 }
 
@@ -138,24 +138,34 @@ void SoundEngine::load(const SoundRequest& request) {
     }
 
     auto alLock = al_->lock();
-    auto [it, added] = sounds_.try_emplace(request.id);
-    Sound& sound = it->second;
-    alGetError();
-    if (added) {
-        alGenBuffers(1, &sound.buffer);
-    } else {
-        detach(sound.buffer);
-    }
-    alBufferData(sound.buffer, AL_FORMAT_MONO_FLOAT32, samples->data(),
-                 static_cast<ALsizei>(samples->size() * sizeof(float)), kSampleRate);
-    if (alGetError() != AL_NO_ERROR) {
-        log("SoundEngine: sound " + std::to_string(request.id) + " stays silent, OpenAL refused " +
-            request.path.string());
-        alDeleteBuffers(1, &sound.buffer);
-        sounds_.erase(it);
-        return;
-    }
+    Sound& sound = sounds_[request.id];
+    dropBuffer(sound);
     sound.samples = std::make_unique<std::vector<float>>(std::move(*samples));
+}
+
+bool SoundEngine::makeBuffer(int soundId, Sound& sound) {
+    if (sound.buffer != 0)
+        return true;
+    alGetError();
+    alGenBuffers(1, &sound.buffer);
+    if (alGetError() == AL_NO_ERROR) {
+        alBufferData(sound.buffer, AL_FORMAT_MONO_FLOAT32, sound.samples->data(),
+                     static_cast<ALsizei>(sound.samples->size() * sizeof(float)), kSampleRate);
+        if (alGetError() == AL_NO_ERROR)
+            return true;
+        alDeleteBuffers(1, &sound.buffer);
+    }
+    sound.buffer = 0;
+    log("SoundEngine: sound " + std::to_string(soundId) + " stays silent, OpenAL refused it");
+    return false;
+}
+
+void SoundEngine::dropBuffer(Sound& sound) {
+    if (sound.buffer == 0)
+        return;
+    detach(sound.buffer);
+    alDeleteBuffers(1, &sound.buffer);
+    sound.buffer = 0;
 }
 
 void SoundEngine::detach(ALuint buffer) {
@@ -185,7 +195,7 @@ bool SoundEngine::playSound(int soundId, int group, float pitch, float pan, floa
 
     alSourceStop(source);
     const auto sound = sounds_.find(soundId);
-    if (sound == sounds_.end()) {
+    if (sound == sounds_.end() || !makeBuffer(soundId, sound->second)) {
         alSourcei(source, AL_BUFFER, 0);
         return false;
     }
@@ -218,8 +228,7 @@ void SoundEngine::unloadBuffer(int soundId) {
     const auto sound = sounds_.find(soundId);
     if (sound == sounds_.end())
         return;
-    detach(sound->second.buffer);
-    alDeleteBuffers(1, &sound->second.buffer);
+    dropBuffer(sound->second);
     sounds_.erase(sound);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// The shared sound-effects engine over OpenAL: numbered buffers filled from
-// sound files, numbered groups of sources that play them with pitch, pan,
+// The shared sound-effects engine over OpenAL: numbered sounds decoded from
+// files, numbered groups of sources that play them with pitch, pan,
 // gain and looping, loading in the background with a progress value, and
 // streaming voices for sounds computed on the fly (the metronome, the chords'
 // strings), one per renderer, all sounding together.
@@ -94,6 +94,9 @@ public:
 private:
     // OpenAL names are kept as unsigned int (ALuint) so that users of the
     // engine need no OpenAL headers.
+    // A loaded sound keeps its decoded samples, which the streaming voices
+    // read; its OpenAL buffer, a second copy, is made when a source first
+    // plays it (most sounds only ever stream) and is 0 until then.
     struct Sound {
         unsigned int buffer = 0;
         std::unique_ptr<std::vector<float>> samples;
@@ -114,6 +117,12 @@ private:
     // Under the OpenAL lock: appends groups of these sizes.
     void makeGroups(const std::vector<int>& sizes);
     void load(const SoundRequest& request);
+    // Under the OpenAL lock: the sound's buffer, made now if it has none;
+    // false (logged) when OpenAL refuses it.
+    bool makeBuffer(int soundId, Sound& sound);
+    // Under the OpenAL lock: stops the sources holding the sound's buffer
+    // and frees it.
+    void dropBuffer(Sound& sound);
     // Under the OpenAL lock: stops and empties every source holding buffer.
     void detach(unsigned int buffer);
     void deleteGroups();

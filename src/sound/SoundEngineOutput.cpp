@@ -52,20 +52,10 @@ void SoundEngine::stopWatching() {
 }
 
 void SoundEngine::rebuild() {
-    alGetError();
-    for (auto it = sounds_.begin(); it != sounds_.end();) {
-        Sound& sound = it->second;
-        alGenBuffers(1, &sound.buffer);
-        alBufferData(sound.buffer, AL_FORMAT_MONO_FLOAT32, sound.samples->data(),
-                     static_cast<ALsizei>(sound.samples->size() * sizeof(float)), kSampleRate);
-        if (alGetError() != AL_NO_ERROR) {
-            log("SoundEngine: sound " + std::to_string(it->first) +
-                " stays silent, OpenAL refused it on the new device");
-            it = sounds_.erase(it);
-        } else {
-            ++it;
-        }
-    }
+    // The buffers' names went with the old device; each is made again from
+    // its samples when it is next played.
+    for (auto& [id, sound] : sounds_)
+        sound.buffer = 0;
     // The sources went with the old device; sounds started on them are over.
     groups_.clear();
     makeGroups(groupSizes_);
