@@ -195,6 +195,11 @@ void FinePDA::findPartials(double coarse) {
         }
     }
     fit_.solve();
+    // A series whose partials all stand high up it is no note: it is what
+    // stray components (a render's aliases, hum and its echoes) leave when
+    // they happen to share a long period.
+    if (!soundsLow())
+        fit_.clear();
 }
 
 void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t sampleRate) {

@@ -23,7 +23,10 @@
 //      is judged against the noise of its own quarter octave.
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
 //      each weighed by its measurement's noise and by how far partials above
-//      the first stray from the law; the result is the first partial.
+//      the first stray from the law; the result is the first partial. A
+//      string sounds in its first few partials: a series none of whose
+//      first four comes within 30 dB of its strongest (only components far
+//      up it) gives no pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //
@@ -47,6 +50,7 @@ public:
     static constexpr double kGateRatio = 1.0 / 8.0;
     static constexpr double kMinClarity = 0.5;
     static constexpr int kGridDivisions = 6;
+    static constexpr int kLowPartials = 4;
 
     explicit FinePDA(const TaperSettings& settings);
     static FinePDA& getInstance(const TaperSettings& settings);
@@ -75,6 +79,9 @@ private:
     // Whether a multiple of `multiple` below the period's fundamental holds
     // a partial of some strength.
     bool soundsBelow(int multiple) const;
+    // Whether one of the fundamental's first kLowPartials multiples holds a
+    // decisive partial.
+    bool soundsLow() const;
     // Numbers the partials as harmonics of the fundamental chosen among the
     // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();

@@ -85,6 +85,8 @@ TEST_F(FinePDATest, TheFundamentalWhereverTheEnergyIs) {
         {"a fifth above the octave dominates", harmonics(82.41, {300, 1000, 6000, 800}), 82.41,
          0.1},
         {"stiff low string, weak fundamental", pluck(55.0, 3e-4, 0.6, 1), 55.0, 1.0},
+        {"low string through a small speaker, first three partials 30 dB down",
+         harmonics(41.2, {150, 150, 150, 1500, 5000, 4800, 4000, 3000}), 41.2, 0.1},
         {"stiff high string", pluck(659.3, 1e-4, 0.6, 2), 659.3, 1.0},
         {"string at the end of its ring", pluck(146.8, 1e-4, 2.0, 3), 146.8, 1.0},
         {"upper partials dominate, stray peaks between", unevenUpperPartials(), 329.63, 0.5},
@@ -119,6 +121,30 @@ TEST_F(FinePDATest, NoPitchWhereThereIsNone) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(read(row.block), -1.0) << row.name;
+}
+
+// A high note (1059 Hz, with its octave and twelfth) among components as
+// strong, folded down from above half the sample rate, as a sampled note
+// resampled without filtering has them. Together they repeat only after a
+// long period, whose series holds nothing in its first multiples: the reading
+// is the note or none, never a fundamental far below it.
+TEST_F(FinePDATest, AliasesMakeNoLowNote) {
+    const struct {
+        double hertz, db;
+    } components[] = {{242, -34}, {406, -21},  {652, -26},  {1059, 0},   {1469, -29},
+                      {1715, -7}, {2121, -15}, {2527, -30}, {2754, -22}, {2773, -1},
+                      {3180, -1}, {3762, -12}, {3832, -8}};
+    std::vector<std::int16_t> block(2000);
+    for (std::size_t n = 0; n < block.size(); ++n) {
+        double s = 0.0;
+        for (const auto& c : components)
+            s += 6000.0 * std::pow(10.0, c.db / 20.0) *
+                 std::sin(2.0 * std::numbers::pi * c.hertz * n / 8000.0 + c.hertz);
+        block[n] = static_cast<std::int16_t>(std::lround(s));
+    }
+    const double f = read(block);
+    if (f > 0.0)
+        EXPECT_NEAR(cents(f, 1059.0), 0.0, 5.0);
 }
 
 TEST_F(FinePDATest, LevelAndGateOnTheClassicScale) {
