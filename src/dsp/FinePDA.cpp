@@ -34,8 +34,13 @@ constexpr double kLobeShare = 0.05;
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
 // How far partials above the first stray from the stiff-string law, as a
-// share of their frequency (a cent); the first partial is the pitch itself.
+// share of their frequency (a cent).
 constexpr double kModelSpread = 5.8e-4;
+// The first partial strays less, but it does: a real string's fundamental
+// beats against its twin in the other plane and is pulled by the body, by
+// about a third of a cent within a reading. Without this, a reading follows
+// the wander of a strong fundamental however well the partials above agree.
+constexpr double kFirstPartialSpread = 1.7e-4;
 // Partials further than this from the fit are dropped and the fit redone.
 constexpr double kOutlierCents = 15.0;
 
@@ -189,10 +194,8 @@ void FinePDA::findPartials(double coarse) {
     }
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         Partial& p = fit_.at(i);
-        if (p.harmonic > 1) {
-            const double model = kModelSpread * p.frequency;
-            p.weight = 1.0 / (1.0 / p.weight + model * model);
-        }
+        const double model = (p.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * p.frequency;
+        p.weight = 1.0 / (1.0 / p.weight + model * model);
     }
     fit_.solve();
     // A series whose partials all stand high up it is no note: it is what

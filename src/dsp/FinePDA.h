@@ -22,8 +22,9 @@
 //      when partials stand only on every second or third multiple. Each peak
 //      is judged against the noise of its own quarter octave.
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
-//      each weighed by its measurement's noise and by how far partials above
-//      the first stray from the law; the result is the first partial. A
+//      each weighed by its measurement's noise and by how far partials stray
+//      from the law (the first less than those above, but it too wanders);
+//      the result is the first partial. A
 //      string sounds in its first few partials: a series none of whose
 //      first four comes within 30 dB of its strongest (only components far
 //      up it) gives no pitch.

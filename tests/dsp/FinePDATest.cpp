@@ -147,6 +147,35 @@ TEST_F(FinePDATest, AliasesMakeNoLowNote) {
         EXPECT_NEAR(cents(f, 1059.0), 0.0, 5.0);
 }
 
+// A strong fundamental a few cents off the pitch that eight partials above it
+// agree on (a fundamental beating against its twin drifts so within a
+// reading): the reading does not follow the fundamental alone, and a
+// fundamental that agrees with its partials still reads to a tenth of a cent.
+TEST_F(FinePDATest, AWanderingFundamentalDoesNotOutweighItsPartials) {
+    auto block = [](double hertz, double firstCents) {
+        std::vector<std::int16_t> samples(2000);
+        for (std::size_t n = 0; n < samples.size(); ++n) {
+            double s = 0.0;
+            for (int h = 1; h <= 9; ++h) {
+                const double f = h == 1 ? hertz * std::pow(2.0, firstCents / 1200.0) : h * hertz;
+                s += (h == 1 ? 6000.0 : 2500.0) *
+                     std::sin(2.0 * std::numbers::pi * f * n / 8000.0 + h);
+            }
+            samples[n] = static_cast<std::int16_t>(std::lround(s));
+        }
+        return samples;
+    };
+    for (double hertz : {110.0, 196.0, 329.63}) {
+        EXPECT_NEAR(cents(read(block(hertz, 0.0)), hertz), 0.0, 0.1) << hertz;
+        for (double off : {-6.0, 6.0}) {
+            const double f = read(block(hertz, off));
+            // A sixth of the way towards the partials at least; the stiff
+            // string's free stretch takes up part of the disagreement.
+            EXPECT_LT(std::fabs(cents(f, hertz)), 0.83 * std::fabs(off)) << hertz << " " << off;
+        }
+    }
+}
+
 TEST_F(FinePDATest, LevelAndGateOnTheClassicScale) {
     // The same tone reads the same level from both detectors, for any window.
     OvertonePDA classic{TaperSettings(1)};
