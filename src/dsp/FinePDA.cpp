@@ -26,6 +26,11 @@ constexpr int kProbed = 4;
 // within this ratio of the strongest...
 constexpr double kFloorOverNoise = 4.0;
 constexpr double kFloorOverStrongest = 3e-3;
+// Below the period's fundamental, a peak that view A (122 ms earlier in the
+// same block) holds at least kFloorOverNoise above the noise needs only this
+// much in B: a weak fundamental sinking into the noise late in a note is
+// still there, and noise seldom stands out at the same bin in both views.
+constexpr double kFloorOverNoiseHeldInA = 2.0;
 // ...and is no side lobe: at least this share of the largest magnitude
 // within a main lobe and a half of it (Hann side lobes are under -31 dB; a
 // Hann window of n samples has a main lobe 4 / n of the rate wide).
@@ -117,7 +122,8 @@ bool FinePDA::measurePartial(std::size_t k, double noise, Partial& partial) cons
     return true;
 }
 
-bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial) const {
+bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial,
+                          bool below) const {
     const double binHz = sampleRate_ / kTransform;
     const auto& magnitudes = views_.magnitudes();
     const double tolerance = std::max(2.0 * binHz, std::min(0.03 * target, 0.3 * spacing));
@@ -131,7 +137,10 @@ bool FinePDA::partialNear(double target, double spacing, int number, Partial& pa
         magnitudes.begin());
     const double peak = magnitudes[k];
     const double noise = std::max<double>(views_.noise(k), search_.noise);
-    if (peak < std::max(kFloorOverNoise * noise, search_.floor) || peak < magnitudes[k - 1] ||
+    const bool heldInA =
+        below && views_.steady() && std::abs(views_.hannA(k)) >= kFloorOverNoise * noise;
+    const double floor = (heldInA ? kFloorOverNoiseHeldInA : kFloorOverNoise) * noise;
+    if (peak < std::max(floor, search_.floor) || peak < magnitudes[k - 1] ||
         peak < magnitudes[k + 1])
         return false;
     const std::size_t lobe = search_.lobeBins;
@@ -168,7 +177,7 @@ void FinePDA::findPartials(double coarse) {
         const double target = slot * grid;
         if (target > limit)
             break;
-        if (partialNear(target, grid, slot, partial))
+        if (partialNear(target, grid, slot, partial, slot < kGridDivisions))
             fit_.add(partial);
     }
     if (fit_.size() == 0)

@@ -20,7 +20,8 @@
 //      repeats after that longer period as well (a strong second partial
 //      over a weak fundamental fools the period); twice or three times it
 //      when partials stand only on every second or third multiple. Each peak
-//      is judged against the noise of its own quarter octave.
+//      is judged against the noise of its own quarter octave; one below the
+//      period's fundamental with less margin if view A holds it clearly.
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
 //      each weighed by its measurement's noise and by how far partials stray
 //      from the law (the first less than those above, but it too wanders);
@@ -71,8 +72,9 @@ private:
     bool measurePartial(std::size_t k, double noise, Partial& partial) const;
     // The peak near `target`, measured as partial `number`, the multiples
     // searched lying `spacing` apart; false when no peak there passes for a
-    // partial.
-    bool partialNear(double target, double spacing, int number, Partial& partial) const;
+    // partial. `below`: the peak is sought under the period's fundamental.
+    bool partialNear(double target, double spacing, int number, Partial& partial,
+                     bool below = false) const;
     void findPartials(double coarse);
     // Whether every decisive partial stands on a multiple of `multiple` (of
     // the grid), and near that multiple of `fundamental` if one is given.
