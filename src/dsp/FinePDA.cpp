@@ -26,15 +26,15 @@ constexpr int kProbed = 4;
 // within this ratio of the strongest...
 constexpr double kFloorOverNoise = 4.0;
 constexpr double kFloorOverStrongest = 3e-3;
+// ...and is no side lobe: at least this share of the largest magnitude
+// within a main lobe and a half of it (Hann side lobes are under -31 dB; a
+// Hann window of n samples has a main lobe 4 / n of the rate wide).
+constexpr double kLobeShare = 0.05;
 // Below the period's fundamental, a peak that view A (122 ms earlier in the
 // same block) holds at least kFloorOverNoise above the noise needs only this
 // much in B: a weak fundamental sinking into the noise late in a note is
 // still there, and noise seldom stands out at the same bin in both views.
 constexpr double kFloorOverNoiseHeldInA = 2.0;
-// ...and is no side lobe: at least this share of the largest magnitude
-// within a main lobe and a half of it (Hann side lobes are under -31 dB; a
-// Hann window of n samples has a main lobe 4 / n of the rate wide).
-constexpr double kLobeShare = 0.05;
 // A partial whose view A holds less than this share of its magnitude in B
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
@@ -208,8 +208,8 @@ void FinePDA::findPartials(double coarse) {
     }
     fit_.solve();
     // A series whose partials all stand high up it is no note: it is what
-    // stray components (a render's aliases, hum and its echoes) leave when
-    // they happen to share a long period.
+    // stray components (a render's aliases, say) leave when they happen to
+    // share a long period.
     if (!soundsLow())
         fit_.clear();
 }

@@ -25,10 +25,9 @@
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
 //      each weighed by its measurement's noise and by how far partials stray
 //      from the law (the first less than those above, but it too wanders);
-//      the result is the first partial. A
-//      string sounds in its first few partials: a series none of whose
-//      first four comes within 30 dB of its strongest (only components far
-//      up it) gives no pitch.
+//      the result is the first partial. A string sounds in its first few
+//      partials: a series none of whose first four comes within 30 dB of its
+//      strongest (only components far up it) gives no pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //

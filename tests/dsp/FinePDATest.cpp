@@ -143,8 +143,9 @@ TEST_F(FinePDATest, AliasesMakeNoLowNote) {
         block[n] = static_cast<std::int16_t>(std::lround(s));
     }
     const double f = read(block);
-    if (f > 0.0)
+    if (f > 0.0) {
         EXPECT_NEAR(cents(f, 1059.0), 0.0, 5.0);
+    }
 }
 
 // A strong fundamental a few cents off the pitch that eight partials above it
