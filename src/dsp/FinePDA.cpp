@@ -30,12 +30,22 @@ constexpr double kFloorOverStrongest = 3e-3;
 // within a main lobe and a half of it (Hann side lobes are under -31 dB; a
 // Hann window of n samples has a main lobe 4 / n of the rate wide).
 constexpr double kLobeShare = 0.05;
+// Below the period's fundamental, a peak that view A (122 ms earlier in the
+// same block) holds at least kFloorOverNoise above the noise needs only this
+// much in B: a weak fundamental sinking into the noise late in a note is
+// still there, and noise seldom stands out at the same bin in both views.
+constexpr double kFloorOverNoiseHeldInA = 2.0;
 // A partial whose view A holds less than this share of its magnitude in B
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
 // How far partials above the first stray from the stiff-string law, as a
-// share of their frequency (a cent); the first partial is the pitch itself.
+// share of their frequency (a cent).
 constexpr double kModelSpread = 5.8e-4;
+// The first partial strays less, but it does: a real string's fundamental
+// beats against its twin in the other plane and is pulled by the body, by
+// about a third of a cent within a reading. Without this, a reading follows
+// the wander of a strong fundamental however well the partials above agree.
+constexpr double kFirstPartialSpread = 1.7e-4;
 // Partials further than this from the fit are dropped and the fit redone.
 constexpr double kOutlierCents = 15.0;
 
@@ -112,7 +122,8 @@ bool FinePDA::measurePartial(std::size_t k, double noise, Partial& partial) cons
     return true;
 }
 
-bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial) const {
+bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial,
+                          bool below) const {
     const double binHz = sampleRate_ / kTransform;
     const auto& magnitudes = views_.magnitudes();
     const double tolerance = std::max(2.0 * binHz, std::min(0.03 * target, 0.3 * spacing));
@@ -126,7 +137,10 @@ bool FinePDA::partialNear(double target, double spacing, int number, Partial& pa
         magnitudes.begin());
     const double peak = magnitudes[k];
     const double noise = std::max<double>(views_.noise(k), search_.noise);
-    if (peak < std::max(kFloorOverNoise * noise, search_.floor) || peak < magnitudes[k - 1] ||
+    const bool heldInA =
+        below && views_.steady() && std::abs(views_.hannA(k)) >= kFloorOverNoise * noise;
+    const double floor = (heldInA ? kFloorOverNoiseHeldInA : kFloorOverNoise) * noise;
+    if (peak < std::max(floor, search_.floor) || peak < magnitudes[k - 1] ||
         peak < magnitudes[k + 1])
         return false;
     const std::size_t lobe = search_.lobeBins;
@@ -163,7 +177,7 @@ void FinePDA::findPartials(double coarse) {
         const double target = slot * grid;
         if (target > limit)
             break;
-        if (partialNear(target, grid, slot, partial))
+        if (partialNear(target, grid, slot, partial, slot < kGridDivisions))
             fit_.add(partial);
     }
     if (fit_.size() == 0)
@@ -189,12 +203,15 @@ void FinePDA::findPartials(double coarse) {
     }
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         Partial& p = fit_.at(i);
-        if (p.harmonic > 1) {
-            const double model = kModelSpread * p.frequency;
-            p.weight = 1.0 / (1.0 / p.weight + model * model);
-        }
+        const double model = (p.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * p.frequency;
+        p.weight = 1.0 / (1.0 / p.weight + model * model);
     }
     fit_.solve();
+    // A series whose partials all stand high up it is no note: it is what
+    // stray components (a render's aliases, say) leave when they happen to
+    // share a long period.
+    if (!soundsLow())
+        fit_.clear();
 }
 
 void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t sampleRate) {

@@ -20,10 +20,14 @@
 //      repeats after that longer period as well (a strong second partial
 //      over a weak fundamental fools the period); twice or three times it
 //      when partials stand only on every second or third multiple. Each peak
-//      is judged against the noise of its own quarter octave.
+//      is judged against the noise of its own quarter octave; one below the
+//      period's fundamental with less margin if view A holds it clearly.
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
-//      each weighed by its measurement's noise and by how far partials above
-//      the first stray from the law; the result is the first partial.
+//      each weighed by its measurement's noise and by how far partials stray
+//      from the law (the first less than those above, but it too wanders);
+//      the result is the first partial. A string sounds in its first few
+//      partials: a series none of whose first four comes within 30 dB of its
+//      strongest (only components far up it) gives no pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //
@@ -47,6 +51,7 @@ public:
     static constexpr double kGateRatio = 1.0 / 8.0;
     static constexpr double kMinClarity = 0.5;
     static constexpr int kGridDivisions = 6;
+    static constexpr int kLowPartials = 4;
 
     explicit FinePDA(const TaperSettings& settings);
     static FinePDA& getInstance(const TaperSettings& settings);
@@ -66,8 +71,9 @@ private:
     bool measurePartial(std::size_t k, double noise, Partial& partial) const;
     // The peak near `target`, measured as partial `number`, the multiples
     // searched lying `spacing` apart; false when no peak there passes for a
-    // partial.
-    bool partialNear(double target, double spacing, int number, Partial& partial) const;
+    // partial. `below`: the peak is sought under the period's fundamental.
+    bool partialNear(double target, double spacing, int number, Partial& partial,
+                     bool below = false) const;
     void findPartials(double coarse);
     // Whether every decisive partial stands on a multiple of `multiple` (of
     // the grid), and near that multiple of `fundamental` if one is given.
@@ -75,6 +81,9 @@ private:
     // Whether a multiple of `multiple` below the period's fundamental holds
     // a partial of some strength.
     bool soundsBelow(int multiple) const;
+    // Whether one of the fundamental's first kLowPartials multiples holds a
+    // decisive partial.
+    bool soundsLow() const;
     // Numbers the partials as harmonics of the fundamental chosen among the
     // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();

@@ -66,6 +66,20 @@ bool FinePDA::soundsBelow(int multiple) const {
     return false;
 }
 
+bool FinePDA::soundsLow() const {
+    // A weak fundamental, even a missing one, still leaves the second, third
+    // or fourth partial clear; the sum of stray components whose period
+    // happens to be long holds them only high up the series of that period.
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        if (fit_[i].harmonic <= kLowPartials && fit_[i].amplitude >= kCertainShare * strongest)
+            return true;
+    }
+    return false;
+}
+
 int FinePDA::settleHarmonicNumbers() {
     // The period's fundamental unless the decisive partials off its
     // multiples all stand on those of a half, a third or a sixth of it and
