@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "chords/Capo.h"
 #include "chords/ChordFinder.h"
 #include "chords/ChordLibrary.h"
 #include "chords/ChordShape.h"
@@ -142,6 +143,11 @@ IdentifyCommand::IdentifyCommand(CLI::App& chords)
             },
             "N|NAME|NOTES"))
         ->capture_default_str();
+    app.add_option("--capo", capo_,
+                   "a capo at fret N: the shape's frets count from it and it sounds N semitones "
+                   "higher (with --json, \"capo\")")
+        ->check(CLI::Range(0, chords::kMaxCapo))
+        ->type_name("N");
     app.add_flag("--json", json_,
                  "print one JSON object: {\"frets\", \"tuning\", \"notes\", \"bass\", \"names\": "
                  "[{\"name\", \"root\", \"type\", \"bass\", \"notes\", \"formula\", \"missing\", "
@@ -151,7 +157,10 @@ IdentifyCommand::IdentifyCommand(CLI::App& chords)
 int IdentifyCommand::run(std::ostream& out, std::ostream&) {
     const OpenTuning tuning = *openTuning(tuning_);
     chords::HeldStrings held;
-    held.open = tuning.open;
+    // A capo shortens every string alike: the shape sounds as on strings
+    // tuned capo_ semitones higher.
+    for (int s = 0; s < kStringCount; ++s)
+        held.open[s] = tuning.open[s] + capo_;
     readFrets(chart_, held.frets);
     const auto found = chords::identify(held);
     const auto sounded = soundedNotes(held);
@@ -168,19 +177,22 @@ int IdentifyCommand::run(std::ostream& out, std::ostream&) {
                              {"missing", f.missing},
                              {"added", f.added}});
         }
-        out << nlohmann::json{{"frets", held.frets},
-                              {"tuning", tuning.name},
-                              {"notes", sounded},
-                              {"bass", bassOf(held)},
-                              {"names", names}}
-                   .dump(2)
-            << "\n";
+        nlohmann::json doc{{"frets", held.frets},
+                           {"tuning", tuning.name},
+                           {"notes", sounded},
+                           {"bass", bassOf(held)},
+                           {"names", names}};
+        if (capo_ > 0)
+            doc["capo"] = capo_;
+        out << doc.dump(2) << "\n";
         return kExitOk;
     }
 
     out << chartOf(held.frets) << " in " << tuning.name;
     if (tuning.name != tuning.notes)
         out << " (" << tuning.notes << ")";
+    if (capo_ > 0)
+        out << ", capo at the " << chords::capoFretText(capo_);
     out << ": " << (sounded.empty() ? "nothing sounds" : join(sounded));
     if (found.empty()) {
         out << "\nno chord of the catalogue has these notes.\n";

@@ -1,7 +1,7 @@
 #pragma once
 // zebtools-cli chords identify: the names of a chord held, written as a
-// chord chart ("x32010", the 6th string first), best first with their notes
-// and formulas, as text or JSON.
+// chord chart ("x32010", the 6th string first, its frets counted from a capo
+// if there is one), best first with their notes and formulas, as text or JSON.
 
 #include <array>
 #include <optional>
@@ -37,6 +37,7 @@ public:
 private:
     std::string chart_;
     std::string tuning_ = "Standard";
+    int capo_ = 0;
     bool json_ = false;
 };
 

@@ -91,6 +91,18 @@ TEST(ChordsCommand, IdentifyNamesAShapeBestFirstWithNotesAndFormula) {
         EXPECT_EQ(doc["names"][0]["name"], "G/D");
         EXPECT_EQ(doc["names"][0]["formula"], nlohmann::json({"1", "3", "5"}));
     }
+    // With a capo the shape counts its frets from it and sounds that much higher.
+    const Outcome capo = chords({"identify", "x32010", "--capo", "2"});
+    EXPECT_EQ(capo.out,
+              "x 3 2 0 1 0 in Standard (E2 A2 D3 G3 B3 E4), capo at the 2nd fret: "
+              "D F# A D F#, D in the bass\n"
+              "1. D  D F# A  (1 3 5)\n");
+    const auto capoDoc = nlohmann::json::parse(
+        chords({"identify", "000000", "--tuning", "Open G", "--capo", "5", "--json"}).out);
+    EXPECT_EQ(capoDoc["capo"], 5);
+    EXPECT_EQ(capoDoc["names"][0]["name"], "C/G");
+    EXPECT_EQ(chords({"identify", "x32010", "--capo", "13"}).code, kExitUsage);
+
     const auto am7 = nlohmann::json::parse(chords({"identify", "x,0,2,0,1,0", "--json"}).out);
     EXPECT_EQ(am7["frets"], nlohmann::json({-1, 0, 2, 0, 1, 0}));
     ASSERT_EQ(am7["names"].size(), 2u);
