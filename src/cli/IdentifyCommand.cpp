@@ -148,6 +148,15 @@ IdentifyCommand::IdentifyCommand(CLI::App& chords)
                    "higher (with --json, \"capo\")")
         ->check(CLI::Range(0, chords::kMaxCapo))
         ->type_name("N");
+    app.callback([this] {
+        std::array<int, kStringCount> frets{};
+        readFrets(chart_, frets);
+        const int highest = *std::max_element(frets.begin(), frets.end());
+        if (capo_ > 0 && capo_ + highest > chords::kLastFret)
+            throw CLI::ValidationError("fret " + std::to_string(highest) + " from a capo at the " +
+                                       chords::capoFretText(capo_) + " is past the " +
+                                       std::to_string(chords::kLastFret) + "th");
+    });
     app.add_flag("--json", json_,
                  "print one JSON object: {\"frets\", \"tuning\", \"notes\", \"bass\", \"names\": "
                  "[{\"name\", \"root\", \"type\", \"bass\", \"notes\", \"formula\", \"missing\", "

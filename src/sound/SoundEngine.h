@@ -92,11 +92,11 @@ public:
     const std::vector<float>* decodedSamples(int soundId) const;
 
 private:
-    // OpenAL names are kept as unsigned int (ALuint) so that users of the
-    // engine need no OpenAL headers.
     // A loaded sound keeps its decoded samples, which the streaming voices
     // read; its OpenAL buffer, a second copy, is made when a source first
-    // plays it (most sounds only ever stream) and is 0 until then.
+    // plays it (most sounds only ever stream) and is 0 until then. OpenAL
+    // names are kept as unsigned int (ALuint) so that users of the engine
+    // need no OpenAL headers.
     struct Sound {
         unsigned int buffer = 0;
         std::unique_ptr<std::vector<float>> samples;
