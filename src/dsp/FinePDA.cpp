@@ -1,6 +1,7 @@
 #include "dsp/FinePDA.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -197,9 +198,28 @@ void FinePDA::findPartials(double coarse) {
             fit_.solve();
         }
     }
-    for (std::size_t i = fit_.size(); i-- > 0;) {
-        if (fit_.size() > 1 && std::fabs(fit_.residualCents(i)) > kOutlierCents)
-            fit_.remove(i);
+    // A stray peak taken for a partial bends the fit towards itself, the more
+    // so the higher up the series it lies, so that the true partials seem to
+    // stray instead (a strong fundamental 16 cents off a fit that a stray
+    // 9th partial has stretched): each partial is judged against the fit of
+    // the others, the worst dropped first and the rest judged again.
+    std::array<double, HarmonicFit::kCapacity> residuals{};
+    while (fit_.size() > 1) {
+        if (fit_.size() > 2) {
+            fit_.deletedResidualsCents(residuals);
+        } else {
+            for (std::size_t i = 0; i < fit_.size(); ++i)
+                residuals[i] = fit_.residualCents(i);
+        }
+        std::size_t worst = 0;
+        for (std::size_t i = 1; i < fit_.size(); ++i) {
+            if (std::fabs(residuals[i]) > std::fabs(residuals[worst]))
+                worst = i;
+        }
+        if (std::fabs(residuals[worst]) <= kOutlierCents)
+            break;
+        fit_.remove(worst);
+        fit_.solve();
     }
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         Partial& p = fit_.at(i);

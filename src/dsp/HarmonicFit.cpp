@@ -30,56 +30,67 @@ void HarmonicFit::regroup(int divisor) {
     count_ = kept;
 }
 
-bool HarmonicFit::solve() {
-    // y = (f/h)^2 against x = h^2; dy = 2 f / h^2 df, so y's weight is the
-    // frequency weight times (h^2 / 2f)^2.
-    double sw = 0.0, sx = 0.0, sy = 0.0, sxx = 0.0, sxy = 0.0;
-    int lowest = 0, highest = 0;
-    for (std::size_t i = 0; i < count_; ++i) {
-        const Partial& p = partials_[i];
-        const double h = p.harmonic;
-        const double x = h * h;
-        const double y = (p.frequency / h) * (p.frequency / h);
-        const double w = p.weight * (x / (2.0 * p.frequency)) * (x / (2.0 * p.frequency));
-        sw += w;
-        sx += w * x;
-        sy += w * y;
-        sxx += w * x * x;
-        sxy += w * x * y;
-        lowest = i == 0 ? p.harmonic : std::min(lowest, p.harmonic);
-        highest = std::max(highest, p.harmonic);
-    }
-    if (sw <= 0.0)
-        return false;
+namespace {
 
-    double intercept = sy / sw;
-    double slope = 0.0;
-    const double spread = sw * sxx - sx * sx;
-    if (highest > lowest && spread > 0.0) {
-        slope = (sw * sxy - sx * sy) / spread;
-        intercept = (sy - slope * sx) / sw;
+// The weighted sums of the line y = (f / h)^2 against x = h^2 over partials.
+struct LineSums {
+    double w = 0.0, x = 0.0, y = 0.0, xx = 0.0, xy = 0.0;
+
+    // y's weight is the frequency's weight times (dy / df)^-2 = (h^2 / 2f)^2.
+    void add(const Partial& p, double sign) {
+        const double h = p.harmonic;
+        const double px = h * h;
+        const double py = (p.frequency / h) * (p.frequency / h);
+        const double pw = sign * p.weight * (px / (2.0 * p.frequency)) * (px / (2.0 * p.frequency));
+        w += pw;
+        x += pw * px;
+        y += pw * py;
+        xx += pw * px * px;
+        xy += pw * px * py;
     }
-    // Outside the physical range, B is held at the nearer end and f0 refitted.
-    const double b = intercept > 0.0 ? slope / intercept : 0.0;
-    if (b < 0.0 || b > kMaxInharmonicity || intercept <= 0.0) {
-        b_ = std::clamp(b, 0.0, kMaxInharmonicity);
-        // y = f0^2 (1 + B x): f0^2 = sum w y (1 + B x) / sum w (1 + B x)^2.
-        double num = 0.0, den = 0.0;
-        for (std::size_t i = 0; i < count_; ++i) {
-            const Partial& p = partials_[i];
-            const double h = p.harmonic;
-            const double x = h * h;
-            const double y = (p.frequency / h) * (p.frequency / h);
-            const double w = p.weight * (x / (2.0 * p.frequency)) * (x / (2.0 * p.frequency));
-            num += w * y * (1.0 + b_ * x);
-            den += w * (1.0 + b_ * x) * (1.0 + b_ * x);
+
+    // f0 and B of the line; B only when the partials span two harmonic
+    // numbers, and within 0 ... maxB, f0 then refitted with B held. False
+    // (f0 and B untouched) without partials of weight.
+    bool fit(bool spans, double maxB, double& f0, double& b) const {
+        if (w <= 0.0)
+            return false;
+        double intercept = y / w;
+        double slope = 0.0;
+        const double spread = w * xx - x * x;
+        if (spans && spread > 0.0) {
+            slope = (w * xy - x * y) / spread;
+            intercept = (y - slope * x) / w;
         }
-        f0_ = std::sqrt(num / den);
+        const double free = intercept > 0.0 ? slope / intercept : 0.0;
+        if (free >= 0.0 && free <= maxB && intercept > 0.0) {
+            b = free;
+            f0 = std::sqrt(intercept);
+            return true;
+        }
+        // y = f0^2 (1 + B x): f0^2 = sum w y (1 + B x) / sum w (1 + B x)^2.
+        const double held = std::clamp(free, 0.0, maxB);
+        const double num = y + held * xy;
+        const double den = w + 2.0 * held * x + held * held * xx;
+        if (!(num > 0.0 && den > 0.0))
+            return false;
+        b = held;
+        f0 = std::sqrt(num / den);
         return true;
     }
-    b_ = b;
-    f0_ = std::sqrt(intercept);
-    return true;
+};
+
+}  // namespace
+
+bool HarmonicFit::solve() {
+    LineSums sums;
+    int lowest = 0, highest = 0;
+    for (std::size_t i = 0; i < count_; ++i) {
+        sums.add(partials_[i], 1.0);
+        lowest = i == 0 ? partials_[i].harmonic : std::min(lowest, partials_[i].harmonic);
+        highest = std::max(highest, partials_[i].harmonic);
+    }
+    return sums.fit(highest > lowest, kMaxInharmonicity, f0_, b_);
 }
 
 double HarmonicFit::predict(int harmonic) const {
@@ -89,6 +100,25 @@ double HarmonicFit::predict(int harmonic) const {
 
 double HarmonicFit::residualCents(std::size_t i) const {
     return 1200.0 * std::log2(partials_[i].frequency / predict(partials_[i].harmonic));
+}
+
+void HarmonicFit::deletedResidualsCents(std::span<double> cents) const {
+    LineSums all;
+    for (std::size_t i = 0; i < count_; ++i)
+        all.add(partials_[i], 1.0);
+    for (std::size_t i = 0; i < count_ && i < cents.size(); ++i) {
+        cents[i] = 0.0;
+        LineSums others = all;
+        others.add(partials_[i], -1.0);
+        // Each partial stands at a harmonic number of its own, so that any
+        // two others span two of them.
+        double f0 = 0.0, b = 0.0;
+        if (count_ > 2 && others.fit(true, kMaxInharmonicity, f0, b)) {
+            const double h = partials_[i].harmonic;
+            cents[i] =
+                1200.0 * std::log2(partials_[i].frequency / (h * f0 * std::sqrt(1.0 + b * h * h)));
+        }
+    }
 }
 
 }  // namespace zt

@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace zt {
 
@@ -48,6 +49,11 @@ public:
     double predict(int harmonic) const;
     // Cents of a partial's measured frequency from the fitted one.
     double residualCents(std::size_t i) const;
+    // For each partial, cents of its measured frequency from where the
+    // others, fitted without it, put it (0 with fewer than three partials).
+    // A stray high up the series, which draws the fit towards itself, stands
+    // out here as it does not in its own residual.
+    void deletedResidualsCents(std::span<double> cents) const;
 
 private:
     std::array<Partial, kCapacity> partials_{};

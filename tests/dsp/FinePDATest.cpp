@@ -177,6 +177,29 @@ TEST_F(FinePDATest, AWanderingFundamentalDoesNotOutweighItsPartials) {
     }
 }
 
+// A sampled harpsichord's G#4 half a second in: seven partials of the note and,
+// high up, two components off its multiples (8.24 and 9.25 times the
+// fundamental), each close enough to a multiple to be taken for its partial.
+// Fitted with the others, they stretch the series so far that the true
+// fundamental seems the partial that strays; the reading is the note's own.
+TEST_F(FinePDATest, StrayPeaksHighUpDoNotBendTheFit) {
+    for (double hertz : {360.0, 413.0}) {
+        const struct {
+            double ratio, amplitude;
+        } components[] = {{1, 6000}, {2, 2400}, {3, 600},    {4, 1900},  {5, 2100},
+                          {6, 1100}, {7, 700},  {8.24, 250}, {9.25, 350}};
+        std::vector<std::int16_t> block(2000);
+        for (std::size_t n = 0; n < block.size(); ++n) {
+            double s = 0.0;
+            for (const auto& c : components)
+                s += c.amplitude *
+                     std::sin(2.0 * std::numbers::pi * c.ratio * hertz * n / 8000.0 + c.ratio);
+            block[n] = static_cast<std::int16_t>(std::lround(s));
+        }
+        EXPECT_NEAR(cents(read(block), hertz), 0.0, 1.0) << hertz;
+    }
+}
+
 // A high note in pink noise 8 dB under it, its fundamental 10 dB under the
 // octave at the block's start and fading by 18 dB within the block, so that
 // it sinks into the noise in the newer view. The older view still holds it
