@@ -134,22 +134,28 @@ bool perNote(const char* group) {
            name.find("held") == std::string::npos;
 }
 
-// A note's scored readings: gross ones (with the median ratio of their
-// frequency to the truth, 2 for an octave high) and the p95 of the rest.
+// A note's readings: its gross ones among those scored (with the median ratio
+// of their frequency to the truth, 2 for an octave high), the p95 of the rest,
+// and its gross ones in the first 0.3 s.
 void printNote(const char* detector, const bench::SampledNote& note, const char* noise,
                const std::vector<bench::Reading>& readings) {
     Tally tally;
-    score(tally, readings, static_cast<double>(note.onset) / kRate, note.truth);
-    std::vector<double> ratios;
+    const double onset = static_cast<double>(note.onset) / kRate;
+    score(tally, readings, onset, note.truth);
+    std::vector<double> scored, early;
     for (const auto& r : readings) {
-        const double t = r.time - static_cast<double>(note.onset) / kRate;
-        if (t >= 0.3 && t <= 2.0 && r.frequency > 0.0 &&
-            std::fabs(bench::centsOff(r.frequency, note.truth)) > 50.0)
-            ratios.push_back(r.frequency / note.truth);
+        const double t = r.time - onset;
+        if (t < 0.0 || t > 2.0 || r.frequency <= 0.0 ||
+            std::fabs(bench::centsOff(r.frequency, note.truth)) <= 50.0)
+            continue;
+        (t < 0.3 ? early : scored).push_back(r.frequency / note.truth);
     }
-    std::printf("note %-8s %-12s %-8s %8.2f Hz  gross %3ld of %3ld (x%.3f)  p95 %6.2f c\n",
-                detector, note.file.c_str(), noise, note.truth, tally.gross, tally.readings,
-                bench::quantile(ratios, 0.5), bench::quantile(tally.good, 0.95));
+    std::printf(
+        "note %-8s %-12s %-8s %8.2f Hz  gross %3ld of %3ld (x%.3f)  p95 %6.2f c  early %zu of %ld "
+        "(x%.3f)\n",
+        detector, note.file.c_str(), noise, note.truth, tally.gross, tally.readings,
+        bench::quantile(scored, 0.5), bench::quantile(tally.good, 0.95), early.size(),
+        tally.earlyReadings, bench::quantile(early, 0.5));
 }
 
 // The sampled set in groups of instruments; guitars split into the programs
