@@ -76,8 +76,12 @@ private:
                      bool below = false) const;
     void findPartials(double coarse);
     // Whether every decisive partial stands on a multiple of `multiple` (of
-    // the grid), and near that multiple of `fundamental` if one is given.
-    bool standOn(int multiple, double fundamental = 0.0) const;
+    // the grid).
+    bool standOn(int multiple) const;
+    // Whether the decisive partials on multiples of `multiple` stand near
+    // those multiples of `fundamental`, and those of them off the period's
+    // own multiples outweigh the decisive peaks on none of them.
+    bool standMostlyOn(int multiple, double fundamental) const;
     // Whether a multiple of `multiple` below the period's fundamental holds
     // a partial of some strength.
     bool soundsBelow(int multiple) const;

@@ -31,26 +31,48 @@ constexpr double kOnMultipleSpacing = 0.1;
 constexpr double kBelowShare = 0.01;
 }  // namespace
 
-bool FinePDA::standOn(int multiple, double fundamental) const {
+bool FinePDA::standOn(int multiple) const {
     // Peaks weaker than kCertainShare of the strongest (noise, most likely)
-    // do not count; with a fundamental given, a decisive peak must lie
-    // within kOnMultiple of its multiple (an attack's thump or a body
-    // resonance near a sub-harmonic's multiple is no partial of it).
+    // do not count.
     double strongest = 0.0;
     for (std::size_t i = 0; i < fit_.size(); ++i)
         strongest = std::max(strongest, fit_[i].amplitude);
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         const Partial& p = fit_[i];
-        if (p.amplitude < kCertainShare * strongest)
-            continue;
-        if (p.harmonic % multiple != 0)
-            return false;
-        if (fundamental > 0.0 &&
-            std::fabs(p.frequency - fundamental * p.harmonic / multiple) >
-                std::min(kOnMultiple * p.frequency, kOnMultipleSpacing * fundamental))
+        if (p.amplitude >= kCertainShare * strongest && p.harmonic % multiple != 0)
             return false;
     }
     return fit_.size() > 0;
+}
+
+bool FinePDA::standMostlyOn(int multiple, double fundamental) const {
+    // A decisive peak on a multiple of `multiple` must lie within kOnMultiple
+    // of that multiple of `fundamental` (an attack's thump or a body
+    // resonance near a sub-harmonic's multiple is no partial of it). The
+    // peaks it adds to the period's series must outweigh those that stand on
+    // no multiple of it: such strays (a body's thump under a fresh pluck)
+    // fit the period's fundamental no better, and alone they must not keep
+    // the reading up at the octave.
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    double added = 0.0, strays = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        if (p.amplitude < kCertainShare * strongest)
+            continue;
+        const double power = p.amplitude * p.amplitude;
+        if (p.harmonic % multiple != 0) {
+            strays += power;
+            continue;
+        }
+        if (std::fabs(p.frequency - fundamental * p.harmonic / multiple) >
+            std::min(kOnMultiple * p.frequency, kOnMultipleSpacing * fundamental))
+            return false;
+        if (p.harmonic % kGridDivisions != 0)
+            added += power;
+    }
+    return added > strays;
 }
 
 bool FinePDA::soundsBelow(int multiple) const {
@@ -81,11 +103,12 @@ bool FinePDA::soundsLow() const {
 }
 
 int FinePDA::settleHarmonicNumbers() {
-    // The period's fundamental unless the decisive partials off its
-    // multiples all stand on those of a half, a third or a sixth of it and
-    // the block repeats after that longer period as well: a stray peak (a
-    // body resonance, a sample's loop, noise) must not pull the reading down
-    // to a sub-harmonic. Then up, while the partials stand only on every
+    // The period's fundamental unless decisive partials off its multiples
+    // stand on those of a half, a third or a sixth of it, outweighing the
+    // peaks that stand on no multiple of either, and the block repeats after
+    // that longer period as well: a stray peak (a body resonance, a sample's
+    // loop, noise) must not pull the reading down to a sub-harmonic, nor
+    // keep it up at the octave. Then up, while the partials stand only on every
     // second or third multiple (a period read too long). Peaks off the
     // multiples kept are dropped.
     int divisor = kGridDivisions;
@@ -108,7 +131,7 @@ int FinePDA::settleHarmonicNumbers() {
         for (int d : {3, 2, 1}) {
             const double lag = periodLag_ * kGridDivisions / d;
             const double tolerance = d == 1 ? kSixthRepeatTolerance : kRepeatTolerance;
-            if (standOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
+            if (standMostlyOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
                 repeats(lag) >= periodRepeats - tolerance) {
                 divisor = d;
                 break;

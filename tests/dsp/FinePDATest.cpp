@@ -200,6 +200,26 @@ TEST_F(FinePDATest, StrayPeaksHighUpDoNotBendTheFit) {
     }
 }
 
+// A sampled nylon guitar's D#5 in its first quarter second: its octave 15 dB
+// over the fundamental, and a thump of the body at 200 Hz, fading fast, that is
+// no partial of any series here. The thump speaks against the fundamental no
+// more than against its octave: the reading is the fundamental.
+TEST_F(FinePDATest, AThumpUnderAHighNoteDoesNotHideItsFundamental) {
+    const double hertz = 626.0;
+    const struct {
+        double hertz, amplitude;
+    } components[] = {
+        {hertz, 1900}, {2 * hertz, 10000}, {4 * hertz, 640}, {6 * hertz, 80}, {200.0, 530}};
+    std::vector<std::int16_t> block(2000);
+    for (std::size_t n = 0; n < block.size(); ++n) {
+        double s = 0.0;
+        for (const auto& c : components)
+            s += c.amplitude * std::sin(2.0 * std::numbers::pi * c.hertz * n / 8000.0 + c.hertz);
+        block[n] = static_cast<std::int16_t>(std::lround(s));
+    }
+    EXPECT_NEAR(cents(read(block), hertz), 0.0, 1.0);
+}
+
 // A high note in pink noise 8 dB under it, its fundamental 10 dB under the
 // octave at the block's start and fading by 18 dB within the block, so that
 // it sinks into the noise in the newer view. The older view still holds it
