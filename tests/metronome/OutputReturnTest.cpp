@@ -151,9 +151,41 @@ double seconds(Clock::duration d) {
     return std::chrono::duration<double>(d).count();
 }
 
+// Inside output_return.sh's private server, whose sink "zt_tone" may be
+// unplugged and plugged in again.
+bool onPrivateServer() {
+    return std::getenv("PULSE_SERVER") &&
+           run("pactl list short sinks").find("zt_tone") != std::string::npos;
+}
+
+// The sink "zt_tone" taken away, as a USB interface unplugged; false when it
+// was not there.
+bool unplugSink() {
+    const std::string module =
+        run("pactl list short modules | awk '/sink_name=zt_tone/{print $1}'");
+    if (module.empty())
+        return false;
+    run("pactl unload-module " + module);
+    return true;
+}
+
+void plugSinkIn() {
+    run("pactl load-module module-null-sink sink_name=zt_tone rate=44100 >/dev/null");
+}
+
+// A null sink loaded with no client mixes its first 2 s ahead and only then
+// asks its clients for less, so nothing played into it, by any program, is
+// heard for that long; a hardware output starts at once at the latency its
+// clients ask for. Waking the sink once a listener is attached makes it start
+// as hardware does, so that what is measured is the engine's return, not the
+// null sink's first block.
+void wakeSink() {
+    std::this_thread::sleep_for(50ms);
+    run("pactl suspend-sink zt_tone 1; pactl suspend-sink zt_tone 0");
+}
+
 TEST(OutputReturn, TheClickIsHeardAgainSoonAfterTheSinkComesBack) {
-    if (!std::getenv("PULSE_SERVER") ||
-        run("pactl list short sinks").find("zt_tone") == std::string::npos)
+    if (!onPrivateServer())
         GTEST_SKIP() << "needs the private PulseAudio server of output_return.sh";
     LoadedClicks clicks;
     ASSERT_TRUE(clicks.engine.hasDevice());
@@ -166,28 +198,18 @@ TEST(OutputReturn, TheClickIsHeardAgainSoonAfterTheSinkComesBack) {
         ASSERT_TRUE(before.firstClick(4s)) << "no click before the sink went";
     }
 
-    const std::string module =
-        run("pactl list short modules | awk '/sink_name=zt_tone/{print $1}'");
-    ASSERT_FALSE(module.empty());
     beatsHeardWithin(player, 0ms);
     const auto goneAt = Clock::now();
-    run("pactl unload-module " + module);
+    ASSERT_TRUE(unplugSink());
     // Without a device the stream's clock goes on with the wall clock, so
     // the beats go on counting (the beat display keeps its place).
     const int counted = beatsHeardWithin(player, 1500ms);
     EXPECT_NEAR(counted, seconds(Clock::now() - goneAt) * 4.0, 1.5);
 
-    run("pactl load-module module-null-sink sink_name=zt_tone rate=44100 >/dev/null");
+    plugSinkIn();
     const auto backAt = Clock::now();
     Listener after;
-    // A null sink loaded with no client mixes its first 2 s ahead and only
-    // then asks its clients for less, so nothing played into it, by any
-    // program, is heard for that long; a hardware output starts at once at
-    // the latency its clients ask for. Waking the sink once the listener is
-    // attached makes it start as hardware does, so that what is measured is
-    // the engine's return, not the null sink's first block.
-    std::this_thread::sleep_for(50ms);
-    run("pactl suspend-sink zt_tone 1; pactl suspend-sink zt_tone 0");
+    wakeSink();
     const auto heard = after.firstClick(4s);
     ASSERT_TRUE(heard) << "no click within 4 s of the sink's return";
     const double delay = seconds(*heard - backAt);
@@ -202,8 +224,7 @@ TEST(OutputReturn, TheClickIsHeardAgainSoonAfterTheSinkComesBack) {
 // output was replaced: the old device's buffers went with it, so the sound
 // is heard only if its buffer is made again in the new one.
 TEST(OutputReturn, ASoundPlayedFromItsBufferIsHeardAfterTheSinkComesBack) {
-    if (!std::getenv("PULSE_SERVER") ||
-        run("pactl list short sinks").find("zt_tone") == std::string::npos)
+    if (!onPrivateServer())
         GTEST_SKIP() << "needs the private PulseAudio server of output_return.sh";
     LoadedClicks clicks;
     ASSERT_TRUE(clicks.engine.hasDevice());
@@ -216,15 +237,11 @@ TEST(OutputReturn, ASoundPlayedFromItsBufferIsHeardAfterTheSinkComesBack) {
     }
     clicks.engine.stopSourceGroup(0);
 
-    const std::string module =
-        run("pactl list short modules | awk '/sink_name=zt_tone/{print $1}'");
-    ASSERT_FALSE(module.empty());
-    run("pactl unload-module " + module);
+    ASSERT_TRUE(unplugSink());
     std::this_thread::sleep_for(1s);
-    run("pactl load-module module-null-sink sink_name=zt_tone rate=44100 >/dev/null");
+    plugSinkIn();
     Listener after;
-    std::this_thread::sleep_for(50ms);
-    run("pactl suspend-sink zt_tone 1; pactl suspend-sink zt_tone 0");
+    wakeSink();
     // Until the engine has found the new device, a sound started goes to the
     // old one; so it is started again now and then, as a user would tap.
     std::optional<Clock::time_point> heard;
@@ -239,8 +256,7 @@ TEST(OutputReturn, ASoundPlayedFromItsBufferIsHeardAfterTheSinkComesBack) {
 // Another output chosen in the system while the click plays (headphones
 // plugged in): the click moves there, as any other program's sound does.
 TEST(OutputReturn, TheClickFollowsTheSystemsChoiceOfOutput) {
-    if (!std::getenv("PULSE_SERVER") ||
-        run("pactl list short sinks").find("zt_tone") == std::string::npos)
+    if (!onPrivateServer())
         GTEST_SKIP() << "needs the private PulseAudio server of output_return.sh";
     run("pactl load-module module-null-sink sink_name=zt_phones rate=44100 >/dev/null");
     run("pactl set-default-sink zt_tone");
