@@ -204,6 +204,7 @@ void FinePDA::findPartials(double coarse) {
     // 9th partial has stretched): each partial is judged against the fit of
     // the others, the worst dropped first and the rest judged again.
     std::array<double, HarmonicFit::kCapacity> residuals{};
+    double strongestDropped = 0.0;
     while (fit_.size() > 1) {
         if (fit_.size() > 2) {
             fit_.deletedResidualsCents(residuals);
@@ -218,9 +219,22 @@ void FinePDA::findPartials(double coarse) {
         }
         if (std::fabs(residuals[worst]) <= kOutlierCents)
             break;
+        strongestDropped = std::max(strongestDropped, fit_[worst].amplitude);
         fit_.remove(worst);
         fit_.solve();
     }
+    // A peak dropped there was no partial, and so no evidence of a lower
+    // fundamental either: a component near a sub-harmonic (a sample's
+    // release, a body resonance) can lead the period to a multiple of the
+    // note's, with nothing else standing on that longer period's multiples,
+    // so the partials kept are numbered again. Not when the strongest peak
+    // was dropped (a block of clashing components, an attack) nor for a series
+    // that only the renumbering would make sound in its first partials.
+    double strongestKept = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongestKept = std::max(strongestKept, fit_[i].amplitude);
+    if (strongestDropped > 0.0 && strongestDropped < strongestKept && soundsLow())
+        climbHarmonicNumbers();
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         Partial& p = fit_.at(i);
         const double model = (p.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * p.frequency;

@@ -16,7 +16,7 @@
 //      log magnitudes of B.
 //   3. Harmonic numbers (FinePDAHarmonics.cpp): the period's fundamental,
 //      unless the clear partials off its multiples lie close to those of a
-//      half, third or sixth of it, one of them below it, and the block
+//      half or third of it, one of them below it, and the block
 //      repeats after that longer period as well (a strong second partial
 //      over a weak fundamental fools the period); twice or three times it
 //      when partials stand only on every second or third multiple. Each peak
@@ -25,7 +25,9 @@
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
 //      each weighed by its measurement's noise and by how far partials stray
 //      from the law (the first less than those above, but it too wanders);
-//      the result is the first partial. A string sounds in its first few
+//      the result is the first partial. A partial far off the fit of the
+//      others is dropped, and if those kept all stand on every second or
+//      third multiple they are numbered again. A string sounds in its first few
 //      partials: a series none of whose first four comes within 30 dB of its
 //      strongest (only components far up it) gives no pitch.
 // No pitch when the strongest partial is under the gate, the block is not
@@ -85,12 +87,20 @@ private:
     // Whether a multiple of `multiple` below the period's fundamental holds
     // a partial of some strength.
     bool soundsBelow(int multiple) const;
+    // Whether a lower fundamental, `multiple` of the grid, sounds in partials
+    // of its own (off the period's multiples): decisive ones on its first two
+    // multiples, or a good share of the decisive partials' power.
+    bool soundsInOwnPartials(int multiple) const;
     // Whether one of the fundamental's first kLowPartials multiples holds a
     // decisive partial.
     bool soundsLow() const;
     // Numbers the partials as harmonics of the fundamental chosen among the
     // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();
+    // Renumbers the partials as harmonics of twice or three times the
+    // fundamental while they all stand on every second or third multiple;
+    // returns the factor.
+    int climbHarmonicNumbers();
     // Classic spectrum magnitude per unit of B's magnitudes.
     double classicScale(std::size_t blockLength);
 

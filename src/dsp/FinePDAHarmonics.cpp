@@ -18,11 +18,17 @@ constexpr double kCertainShare = 0.03;
 // nearly as well as after the period found (a true lower fundamental
 // repeats it better: its odd partials are out of phase at half its period).
 // The period's half or third may repeat a little worse (a stiff string's
-// partials drift apart over the longer lag, and noise weighs more there); a
-// sixth, whose multiples lie so close that any stray peak is near one of
-// them, must repeat as well.
+// partials drift apart over the longer lag, and noise weighs more there).
 constexpr double kRepeatTolerance = 0.03;
-constexpr double kSixthRepeatTolerance = 0.002;
+// A third of the period's fundamental must also sound in both of its first
+// two partials (neither on the period's multiples), or carry this share of
+// the decisive partials' power in the partials it adds. On sampled strings a
+// lone weak peak near a third was never a fundamental: a sympathetic string,
+// a body resonance, an ensemble's other layer or a render's alias. A string
+// sounds in its first partials, and a period read three times too short (a
+// strong third partial, or noise that repeats best after short lags) leaves
+// them weaker, not gone.
+constexpr double kThirdShare = 0.1;
 constexpr double kOnMultiple = 0.015;
 constexpr double kOnMultipleSpacing = 0.1;
 // A lower fundamental must also sound below the period's own: one of its
@@ -88,6 +94,26 @@ bool FinePDA::soundsBelow(int multiple) const {
     return false;
 }
 
+bool FinePDA::soundsInOwnPartials(int multiple) const {
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        strongest = std::max(strongest, fit_[i].amplitude);
+    bool first = false, second = false;
+    double added = 0.0, total = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        if (p.amplitude < kCertainShare * strongest)
+            continue;
+        const double power = p.amplitude * p.amplitude;
+        total += power;
+        if (p.harmonic % multiple == 0 && p.harmonic % kGridDivisions != 0)
+            added += power;
+        first = first || p.harmonic == multiple;
+        second = second || p.harmonic == 2 * multiple;
+    }
+    return (first && second) || added >= kThirdShare * total;
+}
+
 bool FinePDA::soundsLow() const {
     // A weak fundamental, even a missing one, still leaves the second, third
     // or fourth partial clear; the sum of stray components whose period
@@ -104,13 +130,15 @@ bool FinePDA::soundsLow() const {
 
 int FinePDA::settleHarmonicNumbers() {
     // The period's fundamental unless decisive partials off its multiples
-    // stand on those of a half, a third or a sixth of it, outweighing the
-    // peaks that stand on no multiple of either, and the block repeats after
-    // that longer period as well: a stray peak (a body resonance, a sample's
-    // loop, noise) must not pull the reading down to a sub-harmonic, nor
-    // keep it up at the octave. Then up, while the partials stand only on every
-    // second or third multiple (a period read too long). Peaks off the
-    // multiples kept are dropped.
+    // stand on those of a half or a third of it, outweighing the peaks that
+    // stand on no multiple of either, and the block repeats after that longer
+    // period as well: a stray peak (a body resonance, a sample's loop, noise)
+    // must not pull the reading down to a sub-harmonic, nor keep it up at the
+    // octave. A third must sound in its own first partials too. (A sixth is
+    // never taken: on sampled instruments it was wrong every time, a lone
+    // peak among multiples so close that any stray lies near one.) Then up,
+    // while the partials stand only on every second or third multiple (a
+    // period read too long). Peaks off the multiples kept are dropped.
     int divisor = kGridDivisions;
     if (!standOn(kGridDivisions)) {
         // The fundamental as the period's multiples among the partials show it.
@@ -128,30 +156,36 @@ int FinePDA::settleHarmonicNumbers() {
                                 BlockViews::kView, lag);
         };
         const double periodRepeats = repeats(periodLag_);
-        for (int d : {3, 2, 1}) {
+        for (int d : {3, 2}) {
             const double lag = periodLag_ * kGridDivisions / d;
-            const double tolerance = d == 1 ? kSixthRepeatTolerance : kRepeatTolerance;
             if (standMostlyOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
-                repeats(lag) >= periodRepeats - tolerance) {
+                (d != 2 || soundsInOwnPartials(d)) &&
+                repeats(lag) >= periodRepeats - kRepeatTolerance) {
                 divisor = d;
                 break;
             }
         }
     }
     fit_.regroup(divisor);
+    divisor *= climbHarmonicNumbers();
+    fit_.solve();
+    return divisor;
+}
+
+int FinePDA::climbHarmonicNumbers() {
+    int multiple = 1;
     for (bool regrouped = true; regrouped;) {
         regrouped = false;
         for (int d : {2, 3}) {
             if (standOn(d)) {
                 fit_.regroup(d);
-                divisor *= d;
+                multiple *= d;
                 regrouped = true;
                 break;
             }
         }
     }
-    fit_.solve();
-    return divisor;
+    return multiple;
 }
 
 }  // namespace zt

@@ -220,6 +220,33 @@ TEST_F(FinePDATest, AThumpUnderAHighNoteDoesNotHideItsFundamental) {
     EXPECT_NEAR(cents(read(block), hertz), 0.0, 1.0);
 }
 
+// A string's partials with a lone component under them, as sampled strings
+// have it late in a note: a sympathetic string, a body resonance, a
+// sample's release. It stands near a third or a sixth of the note (on such a
+// multiple, the block repeats after that longer period about as well), or 4 %
+// off a third and 8 dB under the note, which leads the period itself to three
+// times the note's. No such component is a fundamental: the reading is the
+// note.
+TEST_F(FinePDATest, ALoneComponentBelowTheNoteIsNoFundamental) {
+    const struct {
+        const char* name;
+        double hertz;
+        std::vector<double> partials;
+        double under, amplitude;
+    } rows[] = {
+        {"a third, 25 dB under", 371.3, {8000, 900, 700, 250, 120}, 124.1, 450},
+        {"a sixth, 25 dB under", 371.3, {8000, 900, 700, 250, 120}, 61.9, 450},
+        {"4 % over a third, 8 dB under", 220.1, {5000, 4000, 2500, 300}, 76.4, 2000},
+    };
+    for (const auto& row : rows) {
+        auto block = harmonics(row.hertz, row.partials);
+        const auto lone = sine(row.under, block.size(), row.amplitude, 3);
+        for (std::size_t n = 0; n < block.size(); ++n)
+            block[n] = static_cast<std::int16_t>(block[n] + lone[n]);
+        EXPECT_NEAR(cents(read(block), row.hertz), 0.0, 1.0) << row.name;
+    }
+}
+
 // A high note in pink noise 8 dB under it, its fundamental 10 dB under the
 // octave at the block's start and fading by 18 dB within the block, so that
 // it sinks into the noise in the newer view. The older view still holds it
