@@ -230,10 +230,7 @@ void FinePDA::findPartials(double coarse) {
     // so the partials kept are numbered again. Not when the strongest peak
     // was dropped (a block of clashing components, an attack) nor for a series
     // that only the renumbering would make sound in its first partials.
-    double strongestKept = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongestKept = std::max(strongestKept, fit_[i].amplitude);
-    if (strongestDropped > 0.0 && strongestDropped < strongestKept && soundsLow())
+    if (strongestDropped > 0.0 && strongestDropped < fit_.strongestAmplitude() && soundsLow())
         climbHarmonicNumbers();
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         Partial& p = fit_.at(i);

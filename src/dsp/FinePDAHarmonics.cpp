@@ -40,9 +40,7 @@ constexpr double kBelowShare = 0.01;
 bool FinePDA::standOn(int multiple) const {
     // Peaks weaker than kCertainShare of the strongest (noise, most likely)
     // do not count.
-    double strongest = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongest = std::max(strongest, fit_[i].amplitude);
+    const double strongest = fit_.strongestAmplitude();
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         const Partial& p = fit_[i];
         if (p.amplitude >= kCertainShare * strongest && p.harmonic % multiple != 0)
@@ -59,9 +57,7 @@ bool FinePDA::standMostlyOn(int multiple, double fundamental) const {
     // no multiple of it: such strays (a body's thump under a fresh pluck)
     // fit the period's fundamental no better, and alone they must not keep
     // the reading up at the octave.
-    double strongest = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongest = std::max(strongest, fit_[i].amplitude);
+    const double strongest = fit_.strongestAmplitude();
     double added = 0.0, strays = 0.0;
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         const Partial& p = fit_[i];
@@ -82,9 +78,7 @@ bool FinePDA::standMostlyOn(int multiple, double fundamental) const {
 }
 
 bool FinePDA::soundsBelow(int multiple) const {
-    double strongest = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongest = std::max(strongest, fit_[i].amplitude);
+    const double strongest = fit_.strongestAmplitude();
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         const Partial& p = fit_[i];
         if (p.harmonic < kGridDivisions && p.harmonic % multiple == 0 &&
@@ -95,9 +89,7 @@ bool FinePDA::soundsBelow(int multiple) const {
 }
 
 bool FinePDA::soundsInOwnPartials(int multiple) const {
-    double strongest = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongest = std::max(strongest, fit_[i].amplitude);
+    const double strongest = fit_.strongestAmplitude();
     bool first = false, second = false;
     double added = 0.0, total = 0.0;
     for (std::size_t i = 0; i < fit_.size(); ++i) {
@@ -118,9 +110,7 @@ bool FinePDA::soundsLow() const {
     // A weak fundamental, even a missing one, still leaves the second, third
     // or fourth partial clear; the sum of stray components whose period
     // happens to be long holds them only high up the series of that period.
-    double strongest = 0.0;
-    for (std::size_t i = 0; i < fit_.size(); ++i)
-        strongest = std::max(strongest, fit_[i].amplitude);
+    const double strongest = fit_.strongestAmplitude();
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         if (fit_[i].harmonic <= kLowPartials && fit_[i].amplitude >= kCertainShare * strongest)
             return true;

@@ -19,6 +19,13 @@ void HarmonicFit::remove(std::size_t i) {
     --count_;
 }
 
+double HarmonicFit::strongestAmplitude() const {
+    double strongest = 0.0;
+    for (std::size_t i = 0; i < count_; ++i)
+        strongest = std::max(strongest, partials_[i].amplitude);
+    return strongest;
+}
+
 void HarmonicFit::regroup(int divisor) {
     std::size_t kept = 0;
     for (std::size_t i = 0; i < count_; ++i) {

@@ -35,6 +35,8 @@ public:
     const Partial& operator[](std::size_t i) const { return partials_[i]; }
     Partial& at(std::size_t i) { return partials_[i]; }
     void remove(std::size_t i);
+    // The largest amplitude among the partials; 0 without any.
+    double strongestAmplitude() const;
     // Keeps the partials on multiples of divisor, numbered as harmonics of
     // divisor times the fundamental.
     void regroup(int divisor);
