@@ -50,9 +50,10 @@ bool FinePDA::standOn(int multiple) const {
 }
 
 bool FinePDA::standMostlyOn(int multiple, double fundamental) const {
-    // A decisive peak on a multiple of `multiple` must lie within kOnMultiple
-    // of that multiple of `fundamental` (an attack's thump or a body
-    // resonance near a sub-harmonic's multiple is no partial of it). The
+    // A decisive peak that `multiple` adds to the period's multiples must lie
+    // within kOnMultiple of that multiple of `fundamental` (an attack's thump
+    // or a body resonance near a sub-harmonic's multiple is no partial of
+    // it); one off the period's own multiples speaks against either. The
     // peaks it adds to the period's series must outweigh those that stand on
     // no multiple of it: such strays (a body's thump under a fresh pluck)
     // fit the period's fundamental no better, and alone they must not keep
@@ -68,11 +69,12 @@ bool FinePDA::standMostlyOn(int multiple, double fundamental) const {
             strays += power;
             continue;
         }
+        if (p.harmonic % kGridDivisions == 0)
+            continue;
         if (std::fabs(p.frequency - fundamental * p.harmonic / multiple) >
             std::min(kOnMultiple * p.frequency, kOnMultipleSpacing * fundamental))
             return false;
-        if (p.harmonic % kGridDivisions != 0)
-            added += power;
+        added += power;
     }
     return added > strays;
 }

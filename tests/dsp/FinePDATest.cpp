@@ -220,6 +220,19 @@ TEST_F(FinePDATest, AThumpUnderAHighNoteDoesNotHideItsFundamental) {
     EXPECT_NEAR(cents(read(block), hertz), 0.0, 1.0);
 }
 
+// A sampled nylon guitar's A5: its octave 20 dB over the fundamental, and a
+// stray component 1.7 % over the fourth partial. That stray lies off the
+// octave's multiples no less than off the fundamental's; it must not keep the
+// reading up at the octave.
+TEST_F(FinePDATest, AStrayOffTheOctavesMultiplesDoesNotHideTheFundamental) {
+    const double hertz = 895.3;
+    auto block = harmonics(hertz, {1000, 10000, 130, 300});
+    const auto stray = sine(3644.6, block.size(), 400.0, 3);
+    for (std::size_t n = 0; n < block.size(); ++n)
+        block[n] = static_cast<std::int16_t>(block[n] + stray[n]);
+    EXPECT_NEAR(cents(read(block), hertz), 0.0, 1.0);
+}
+
 // A string's partials with a lone component under them, as sampled strings
 // have it late in a note: a sympathetic string, a body resonance, a
 // sample's release. It stands near a third or a sixth of the note (on such a
