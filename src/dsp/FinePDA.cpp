@@ -231,7 +231,7 @@ void FinePDA::findPartials(double coarse) {
     // was dropped (a block of clashing components, an attack) nor for a series
     // that only the renumbering would make sound in its first partials.
     if (strongestDropped > 0.0 && strongestDropped < fit_.strongestAmplitude() && soundsLow())
-        climbHarmonicNumbers();
+        climbHarmonicNumbers(periodLag_ * kGridDivisions / divisor);
     for (std::size_t i = 0; i < fit_.size(); ++i) {
         Partial& p = fit_.at(i);
         const double model = (p.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * p.frequency;

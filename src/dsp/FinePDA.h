@@ -94,13 +94,17 @@ private:
     // Whether one of the fundamental's first kLowPartials multiples holds a
     // decisive partial.
     bool soundsLow() const;
+    // How many partials are decisive (kCertainShare of the strongest).
+    int decisiveCount() const;
     // Numbers the partials as harmonics of the fundamental chosen among the
     // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();
     // Renumbers the partials as harmonics of twice or three times the
     // fundamental while they all stand on every second or third multiple;
-    // returns the factor.
-    int climbHarmonicNumbers();
+    // returns the factor. `lag`: the fundamental's period in samples.
+    int climbHarmonicNumbers(double lag);
+    // How well B repeats after `lag` samples (normalised square difference).
+    double repeatsAfter(double lag) const;
     // Classic spectrum magnitude per unit of B's magnitudes.
     double classicScale(std::size_t blockLength);
 
@@ -117,6 +121,9 @@ private:
     } search_;
     double clarity_ = 0.0;
     double periodLag_ = 0.0;
+    // Whether every decisive peak of the grid's search stood on the period's
+    // own multiples.
+    bool periodAlone_ = false;
     double sampleRate_ = 8000.0;
 
     const SignalWindow* scaleWindow_ = nullptr;

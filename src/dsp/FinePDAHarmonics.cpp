@@ -108,6 +108,14 @@ bool FinePDA::soundsInOwnPartials(int multiple) const {
     return (first && second) || added >= kThirdShare * total;
 }
 
+int FinePDA::decisiveCount() const {
+    const double strongest = fit_.strongestAmplitude();
+    int count = 0;
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        count += fit_[i].amplitude >= kCertainShare * strongest;
+    return count;
+}
+
 bool FinePDA::soundsLow() const {
     // A weak fundamental, even a missing one, still leaves the second, third
     // or fourth partial clear; the sum of stray components whose period
@@ -132,7 +140,8 @@ int FinePDA::settleHarmonicNumbers() {
     // while the partials stand only on every second or third multiple (a
     // period read too long). Peaks off the multiples kept are dropped.
     int divisor = kGridDivisions;
-    if (!standOn(kGridDivisions)) {
+    periodAlone_ = standOn(kGridDivisions);
+    if (!periodAlone_) {
         // The fundamental as the period's multiples among the partials show it.
         double sum = 0.0, weight = 0.0;
         for (std::size_t i = 0; i < fit_.size(); ++i) {
@@ -143,34 +152,46 @@ int FinePDA::settleHarmonicNumbers() {
             }
         }
         const double fundamental = weight > 0.0 ? sum / weight : 0.0;
-        auto repeats = [this](double lag) {
-            return repetitionAt(powerSpectrum_.data(), BlockViews::kBins, views_.squares().data(),
-                                BlockViews::kView, lag);
-        };
-        const double periodRepeats = repeats(periodLag_);
+        const double periodRepeats = repeatsAfter(periodLag_);
         for (int d : {3, 2}) {
             const double lag = periodLag_ * kGridDivisions / d;
             if (standMostlyOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
                 (d != 2 || soundsInOwnPartials(d)) &&
-                repeats(lag) >= periodRepeats - kRepeatTolerance) {
+                repeatsAfter(lag) >= periodRepeats - kRepeatTolerance) {
                 divisor = d;
                 break;
             }
         }
     }
     fit_.regroup(divisor);
-    divisor *= climbHarmonicNumbers();
+    divisor *= climbHarmonicNumbers(periodLag_ * kGridDivisions / divisor);
     fit_.solve();
     return divisor;
 }
 
-int FinePDA::climbHarmonicNumbers() {
+double FinePDA::repeatsAfter(double lag) const {
+    return repetitionAt(powerSpectrum_.data(), BlockViews::kBins, views_.squares().data(),
+                        BlockViews::kView, lag);
+}
+
+int FinePDA::climbHarmonicNumbers(double lag) {
+    // `lag`: the fundamental's period, samples. A lone decisive partial
+    // stands on every multiple of its own number, though: where nothing clear
+    // stood off the period's multiples, the octave is taken only if the block
+    // repeats after the shorter period as well; otherwise what the period
+    // heard beside the partial (partials under the noise floor, as at a fresh
+    // pluck in noise) keeps the numbering. A lone third partial climbs as
+    // before: on sampled instruments the blocks that repeat best after three
+    // of its periods were as often a sitar's sympathetic strings as a
+    // fundamental under the noise.
     int multiple = 1;
     for (bool regrouped = true; regrouped;) {
         regrouped = false;
         for (int d : {2, 3}) {
-            if (standOn(d)) {
+            if (standOn(d) && (d != 2 || decisiveCount() > 1 || !periodAlone_ ||
+                               repeatsAfter(lag / d) >= repeatsAfter(lag) - kRepeatTolerance)) {
                 fit_.regroup(d);
+                lag /= d;
                 multiple *= d;
                 regrouped = true;
                 break;
