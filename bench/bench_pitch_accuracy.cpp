@@ -182,6 +182,7 @@ void runSampled(const char* name, FourierPDA& detector,
              return n.program == 6 || n.program == 7 || n.program == 45 || n.program == 46 ||
                     n.program == 104;
          }},
+        {"dulcimer", [](const bench::SampledNote& n) { return n.program == 15; }},
     };
     const struct {
         const char* name;
