@@ -96,6 +96,9 @@ private:
     bool soundsLow() const;
     // How many partials are decisive (kCertainShare of the strongest).
     int decisiveCount() const;
+    // How many decisive partials stand on multiples of `multiple` (of the
+    // grid) off the period's own.
+    int addedDecisive(int multiple) const;
     // Numbers the partials as harmonics of the fundamental chosen among the
     // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();

@@ -33,7 +33,11 @@ constexpr double kOnMultiple = 0.015;
 constexpr double kOnMultipleSpacing = 0.1;
 // A lower fundamental must also sound below the period's own: one of its
 // multiples under the period's fundamental holds a partial this strong
-// against the strongest.
+// against the strongest. A half whose fundamental is missing or under the
+// noise may instead show two decisive partials of its own (the third and
+// fifth): on sampled instruments a lone peak above, on an odd multiple of the
+// half, was a loop's or a resonance's six times in seven, two such peaks a
+// fundamental four times in five.
 constexpr double kBelowShare = 0.01;
 }  // namespace
 
@@ -108,6 +112,17 @@ bool FinePDA::soundsInOwnPartials(int multiple) const {
     return (first && second) || added >= kThirdShare * total;
 }
 
+int FinePDA::addedDecisive(int multiple) const {
+    const double strongest = fit_.strongestAmplitude();
+    int count = 0;
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        count += p.harmonic % multiple == 0 && p.harmonic % kGridDivisions != 0 &&
+                 p.amplitude >= kCertainShare * strongest;
+    }
+    return count;
+}
+
 int FinePDA::decisiveCount() const {
     const double strongest = fit_.strongestAmplitude();
     int count = 0;
@@ -155,7 +170,8 @@ int FinePDA::settleHarmonicNumbers() {
         const double periodRepeats = repeatsAfter(periodLag_);
         for (int d : {3, 2}) {
             const double lag = periodLag_ * kGridDivisions / d;
-            if (standMostlyOn(d, fundamental / kGridDivisions * d) && soundsBelow(d) &&
+            if (standMostlyOn(d, fundamental / kGridDivisions * d) &&
+                (soundsBelow(d) || (d == 3 && addedDecisive(d) > 1)) &&
                 (d != 2 || soundsInOwnPartials(d)) &&
                 repeatsAfter(lag) >= periodRepeats - kRepeatTolerance) {
                 divisor = d;

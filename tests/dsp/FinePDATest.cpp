@@ -80,6 +80,10 @@ TEST_F(FinePDATest, TheFundamentalWhereverTheEnergyIs) {
         double truth, within;
     } rows[] = {
         {"missing fundamental", harmonics(110.0, {0, 4000, 3000, 2000}), 110.0, 0.1},
+        // Only its third and fifth partials, 23 and 19 dB under the octave, say
+        // where the fundamental lies.
+        {"missing fundamental, weak odd partials", harmonics(188.2, {0, 10000, 700, 0, 1100}),
+         188.2, 0.1},
         {"weak fundamental, strong second", harmonics(98.0, {150, 6000, 500, 400}), 98.0, 0.1},
         {"only odd harmonics", harmonics(220.0, {3000, 0, 2000, 0, 1500}), 220.0, 0.1},
         {"a fifth above the octave dominates", harmonics(82.41, {300, 1000, 6000, 800}), 82.41,
