@@ -20,6 +20,10 @@ constexpr double kCertainShare = 0.03;
 // The period's half or third may repeat a little worse (a stiff string's
 // partials drift apart over the longer lag, and noise weighs more there).
 constexpr double kRepeatTolerance = 0.03;
+// Noise, and an attack's, repeats the worse the longer the lag: a block that
+// repeats after the period only so well (a fresh pluck, a room's noise) is
+// allowed this share of what it lacks there as the longer period's shortfall.
+constexpr double kRepeatNoiseShare = 0.75;
 // A third of the period's fundamental must also sound in both of its first
 // two partials (neither on the period's multiples), or carry this share of
 // the decisive partials' power in the partials it adds. On sampled strings a
@@ -173,7 +177,9 @@ int FinePDA::settleHarmonicNumbers() {
             if (standMostlyOn(d, fundamental / kGridDivisions * d) &&
                 (soundsBelow(d) || (d == 3 && addedDecisive(d) > 1)) &&
                 (d != 2 || soundsInOwnPartials(d)) &&
-                repeatsAfter(lag) >= periodRepeats - kRepeatTolerance) {
+                repeatsAfter(lag) >=
+                    periodRepeats -
+                        std::max(kRepeatTolerance, kRepeatNoiseShare * (1.0 - periodRepeats))) {
                 divisor = d;
                 break;
             }
