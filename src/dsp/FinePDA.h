@@ -16,10 +16,12 @@
 //      log magnitudes of B.
 //   3. Harmonic numbers (FinePDAHarmonics.cpp): the period's fundamental,
 //      unless the clear partials off its multiples lie close to those of a
-//      half or third of it, one of them below it, and the block
-//      repeats after that longer period as well (a strong second partial
-//      over a weak fundamental fools the period); twice or three times it
-//      when partials stand only on every second or third multiple. Each peak
+//      half or third of it, one of them below it (or, for a half, two odd
+//      partials of its own above), a third sounding in its own first
+//      partials, and the block repeats after that longer period as well (a
+//      strong second partial over a weak fundamental fools the period);
+//      twice or three times it when partials stand only on every second or
+//      third multiple. Each peak
 //      is judged against the noise of its own quarter octave; one below the
 //      period's fundamental with less margin if view A holds it clearly.
 //   4. Fit: the partials are fitted with the stiff-string law (HarmonicFit),
@@ -80,9 +82,9 @@ private:
     // Whether every decisive partial stands on a multiple of `multiple` (of
     // the grid).
     bool standOn(int multiple) const;
-    // Whether the decisive partials on multiples of `multiple` stand near
-    // those multiples of `fundamental`, and those of them off the period's
-    // own multiples outweigh the decisive peaks on none of them.
+    // Whether the decisive partials that `multiple` adds to the period's own
+    // multiples stand near its multiples of `fundamental`, and outweigh the
+    // decisive peaks on none of them.
     bool standMostlyOn(int multiple, double fundamental) const;
     // Whether a multiple of `multiple` below the period's fundamental holds
     // a partial of some strength.
@@ -103,8 +105,9 @@ private:
     // grid's multiples; returns that multiple.
     int settleHarmonicNumbers();
     // Renumbers the partials as harmonics of twice or three times the
-    // fundamental while they all stand on every second or third multiple;
-    // returns the factor. `lag`: the fundamental's period in samples.
+    // fundamental while they all stand on every second or third multiple (a
+    // lone partial to the octave only if the block repeats after half of
+    // `lag`, the fundamental's period in samples, as well); returns the factor.
     int climbHarmonicNumbers(double lag);
     // How well B repeats after `lag` samples (normalised square difference).
     double repeatsAfter(double lag) const;
