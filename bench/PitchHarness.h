@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -62,12 +63,14 @@ struct Tally {
     long earlyReadings = 0, earlyGross = 0;  // in the first 0.3 s
 };
 
-inline void score(Tally& tally, const std::vector<Reading>& readings, double onset, double truth) {
+// The truth may move over a note: `truthAt` gives it for a reading's time.
+inline void score(Tally& tally, const std::vector<Reading>& readings, double onset,
+                  const std::function<double(double)>& truthAt) {
     double settled = -1.0;
     for (const auto& r : readings) {
         const double t = r.time - onset;
         const bool pitch = r.frequency > 0.0;
-        const double error = pitch ? centsOff(r.frequency, truth) : 0.0;
+        const double error = pitch ? centsOff(r.frequency, truthAt(r.time)) : 0.0;
         if (settled < 0.0 && t >= 0.0 && pitch && std::fabs(error) <= 5.0)
             settled = t;
         if (t >= 0.0 && t < 0.3 && pitch) {
@@ -91,6 +94,10 @@ inline void score(Tally& tally, const std::vector<Reading>& readings, double ons
     } else {
         tally.onsets.push_back(settled);
     }
+}
+
+inline void score(Tally& tally, const std::vector<Reading>& readings, double onset, double truth) {
+    score(tally, readings, onset, [truth](double) { return truth; });
 }
 
 inline void printRow(const char* detector, const char* set, const char* noise, const Tally& t) {

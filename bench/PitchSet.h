@@ -31,6 +31,27 @@ struct SampledNote {
     std::vector<double> signal;  // full scale 1
     std::size_t onset = 0;       // samples
     double truth = 0.0;          // Hz, the first partial
+    // The first partial measured around the note's later moments (see
+    // truthAt); empty when the truth is taken as one for the whole note.
+    std::vector<double> track;
+
+    static constexpr double kTrackStep = 0.1;  // s
+    static constexpr std::size_t kTrackWindow = 4096;
+
+    // The truth for a reading whose block ends at `time` (s from the start of
+    // the signal): the track at the block's middle, between its points.
+    double truthAt(double time) const {
+        if (track.empty())
+            return truth;
+        const double at = (time - 1000.0 / 8000.0 - onset / 8000.0) / kTrackStep;
+        if (at <= 0.0)
+            return track.front();
+        const auto i = static_cast<std::size_t>(at);
+        if (i + 1 >= track.size())
+            return track.back();
+        const double share = at - static_cast<double>(i);
+        return track[i] * (1.0 - share) + track[i + 1] * share;
+    }
 };
 
 inline bool readWave(const std::string& path, std::vector<double>& signal) {
@@ -56,20 +77,23 @@ inline bool readWave(const std::string& path, std::vector<double>& signal) {
     return false;
 }
 
-// The first partial from the partials near the multiples of `nominal`.
-inline double measureTruth(const std::vector<double>& signal, std::size_t onset, double nominal) {
-    constexpr std::size_t kWindow = 8192, kLength = 65536;
-    const std::size_t from = onset + 1600;
-    if (from + kWindow > signal.size())
+// The first partial from the partials near the multiples of `nominal`, over
+// `window` samples from `from`.
+inline double measureTruth(const std::vector<double>& signal, std::size_t from, std::size_t window,
+                           double nominal) {
+    // Padded to eight times the window at least.
+    static RealTransform longer(65536), shorter(32768);
+    const RealTransform& transform = window * 8 <= shorter.length() ? shorter : longer;
+    const std::size_t kLength = transform.length();
+    if (from + window > signal.size())
         return 0.0;
-    static RealTransform transform(kLength);
     std::vector<float> padded(kLength, 0.0f);
-    for (std::size_t i = 0; i < kWindow; ++i)
+    for (std::size_t i = 0; i < window; ++i)
         padded[i] =
-            static_cast<float>(signal[from + i] * (0.5 - 0.5 * std::cos(2.0 * M_PI * i / kWindow)));
+            static_cast<float>(signal[from + i] * (0.5 - 0.5 * std::cos(2.0 * M_PI * i / window)));
     std::vector<std::complex<float>> bins(kLength / 2 + 1);
     transform.forward(padded.data(), bins.data());
-    const double binHz = 8000.0 / kLength;
+    const double binHz = 8000.0 / static_cast<double>(kLength);
     auto level = [&](std::size_t k) { return std::log(std::abs(bins[k]) + 1e-12); };
     // Partials are sought one by one: the first three within 60 cents of the
     // multiples of the nominal pitch, each further one within a quarter of the
@@ -136,8 +160,30 @@ inline double measureTruth(const std::vector<double>& signal, std::size_t onset,
     return fit.predict(1);
 }
 
-// The notes of the manifest in `dir`; empty when there is none.
-inline std::vector<SampledNote> loadSampledSet(const std::string& dir) {
+// A sampled note's pitch may move over it: a sample's sustained part is
+// often a loop, tuned apart from the attack before it (a piano's D#4 sits a
+// steady 7 cents higher once its loop begins), and some strings settle
+// after the pluck. One truth for the whole note would then be right for
+// neither part, so the truth is also measured around each moment, over half
+// a second (never starting before the first 0.2 s, where the attack is),
+// every kTrackStep. A moment whose partials give no clear pitch, or one more
+// than 20 cents from the note's, keeps the note's truth.
+inline void trackTruth(SampledNote& note) {
+    const double step = SampledNote::kTrackStep * 8000.0;
+    const std::size_t half = SampledNote::kTrackWindow / 2;
+    for (int i = 0; i * SampledNote::kTrackStep <= 2.0; ++i) {
+        const auto middle = note.onset + static_cast<std::size_t>(i * step);
+        const std::size_t from = std::max(middle - std::min(middle, half), note.onset + 1600);
+        double local = measureTruth(note.signal, from, SampledNote::kTrackWindow, note.truth);
+        if (!(local > 0.0 && std::fabs(1200.0 * std::log2(local / note.truth)) <= 20.0))
+            local = note.truth;
+        note.track.push_back(local);
+    }
+}
+
+// The notes of the manifest in `dir`; empty when there is none. With
+// `localTruth`, each note's truth is also tracked over its length.
+inline std::vector<SampledNote> loadSampledSet(const std::string& dir, bool localTruth = true) {
     std::vector<SampledNote> notes;
     std::ifstream manifest(dir + "/manifest.tsv");
     std::string line;
@@ -160,10 +206,12 @@ inline std::vector<SampledNote> loadSampledSet(const std::string& dir) {
         while (note.onset < note.signal.size() && std::fabs(note.signal[note.onset]) < 0.01 * peak)
             ++note.onset;
         const double nominal = 440.0 * std::pow(2.0, (note.midi - 69 + bend / 100.0) / 12.0);
-        note.truth = measureTruth(note.signal, note.onset, nominal);
-        if (note.truth > 0.0 && std::fabs(1200.0 * std::log2(note.truth / nominal)) < 60.0)
+        note.truth = measureTruth(note.signal, note.onset + 1600, 8192, nominal);
+        if (note.truth > 0.0 && std::fabs(1200.0 * std::log2(note.truth / nominal)) < 60.0) {
+            if (localTruth)
+                trackTruth(note);
             notes.push_back(std::move(note));
-        else
+        } else
             std::fprintf(stderr, "pitch set: %s has no clear pitch, left out\n", note.file.c_str());
     }
     return notes;
