@@ -42,11 +42,6 @@ constexpr double kSteadyRatio = 0.5;
 // How far partials above the first stray from the stiff-string law, as a
 // share of their frequency (a cent).
 constexpr double kModelSpread = 5.8e-4;
-// The first partial strays less, but it does: a real string's fundamental
-// beats against its twin in the other plane and is pulled by the body, by
-// about a third of a cent within a reading. Without this, a reading follows
-// the wander of a strong fundamental however well the partials above agree.
-constexpr double kFirstPartialSpread = 1.7e-4;
 // Partials further than this from the fit are dropped and the fit redone.
 constexpr double kOutlierCents = 15.0;
 
@@ -264,8 +259,10 @@ void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t s
         // Outside the range searched a fit has gone astray.
         const double first = fit_.size() > 0 ? fit_.predict(1) : 0.0;
         if (first >= kLowest && first <= kHighest)
-            fundamentalFrequency = first;
+            fundamentalFrequency = continueNote(first);
     }
+    if (fundamentalFrequency == NO_FREQUENCY)
+        forgetNote();
     updateVolumeLevel();
 }
 

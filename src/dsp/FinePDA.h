@@ -32,6 +32,11 @@
 //      third multiple they are numbered again. A string sounds in its first few
 //      partials: a series none of whose first four comes within 30 dB of its
 //      strongest (only components far up it) gives no pitch.
+//   5. Memory (FinePDAContinuity.cpp): once a note has read the same for a
+//      few steady readings, a block read an octave away from it keeps the
+//      note's octave where its partials allow both (a fundamental fading
+//      under the octave, a loop's weak component at half the note), until
+//      a new pluck or a block without pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //
@@ -69,6 +74,13 @@ public:
     double inharmonicity() const { return fit_.inharmonicity(); }
 
 private:
+    // The first partial strays from the stiff-string law less than those
+    // above, but it does: a real string's fundamental beats against its twin
+    // in the other plane and is pulled by the body, by about a third of a
+    // cent within a reading. Without this, a reading follows the wander of a
+    // strong fundamental however well the partials above agree.
+    static constexpr double kFirstPartialSpread = 1.7e-4;
+
     bool findPeriod(double& coarse);
     // The peak's frequency and weight into `partial`; false when the peak
     // has no usable shape.
@@ -109,6 +121,10 @@ private:
     // lone partial to the octave only if the block repeats after half of
     // `lag`, the fundamental's period in samples, as well); returns the factor.
     int climbHarmonicNumbers(double lag);
+    // The first partial read, `first`, or the held note's octave of it
+    // (FinePDAContinuity.cpp); remembers the reading.
+    double continueNote(double first);
+    void forgetNote();
     // How well B repeats after `lag` samples (normalised square difference).
     double repeatsAfter(double lag) const;
     // Classic spectrum magnitude per unit of B's magnitudes.
@@ -131,6 +147,11 @@ private:
     // own multiples.
     bool periodAlone_ = false;
     double sampleRate_ = 8000.0;
+    // The note being read: its first partial, how many readings in a row
+    // found it, and the level of the last.
+    double heldFirst_ = 0.0;
+    int heldReadings_ = 0;
+    double heldVolume_ = 0.0;
 
     const SignalWindow* scaleWindow_ = nullptr;
     std::size_t scaleLength_ = 0;
