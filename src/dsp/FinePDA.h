@@ -110,6 +110,9 @@ private:
     bool soundsLow() const;
     // How many partials are decisive (kCertainShare of the strongest).
     int decisiveCount() const;
+    // The share of the decisive partials' power off the multiples of
+    // `multiple` (in the fit's present numbering).
+    double decisiveShareOff(int multiple) const;
     // How many decisive partials stand on multiples of `multiple` (of the
     // grid) off the period's own.
     int addedDecisive(int multiple) const;

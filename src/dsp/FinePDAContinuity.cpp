@@ -59,19 +59,10 @@ double FinePDA::continueNote(double first) {
         }
     } else if (held && std::fabs(centsBetween(first, 0.5 * heldFirst_)) < kSameNoteCents) {
         // Read an octave down: only on the strength of weak odd partials.
-        const double strongest = fit_.strongestAmplitude();
-        double odd = 0.0, total = 0.0;
-        for (std::size_t i = 0; i < fit_.size(); ++i) {
-            const Partial& p = fit_[i];
-            if (p.amplitude < 0.03 * strongest)
-                continue;
-            total += p.amplitude * p.amplitude;
-            odd += p.harmonic % 2 ? p.amplitude * p.amplitude : 0.0;
-        }
-        if (odd < kOddShare * total) {
+        if (decisiveShareOff(2) < kOddShare) {
             const HarmonicFit before = fit_;
             fit_.regroup(2);
-            if (fit_.size() > 0 && fit_.solve() && soundsLow()) {
+            if (fit_.solve() && soundsLow()) {
                 kept = fit_.predict(1);
             } else {
                 fit_ = before;

@@ -127,6 +127,20 @@ int FinePDA::addedDecisive(int multiple) const {
     return count;
 }
 
+double FinePDA::decisiveShareOff(int multiple) const {
+    const double strongest = fit_.strongestAmplitude();
+    double off = 0.0, total = 0.0;
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        if (p.amplitude < kCertainShare * strongest)
+            continue;
+        const double power = p.amplitude * p.amplitude;
+        total += power;
+        off += p.harmonic % multiple != 0 ? power : 0.0;
+    }
+    return total > 0.0 ? off / total : 0.0;
+}
+
 int FinePDA::decisiveCount() const {
     const double strongest = fit_.strongestAmplitude();
     int count = 0;
