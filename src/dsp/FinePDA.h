@@ -35,8 +35,8 @@
 //   5. Memory (FinePDAContinuity.cpp): once a note has read the same for a
 //      few steady readings, a block read an octave away from it keeps the
 //      note's octave where its partials allow both (a fundamental fading
-//      under the octave, a loop's weak component at half the note), until
-//      a new pluck or a block without pitch.
+//      under the octave or into the noise, a loop's weak component at half
+//      the note), until a new pluck or a block without pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //
@@ -128,6 +128,9 @@ private:
     // (FinePDAContinuity.cpp); remembers the reading.
     double continueNote(double first);
     void forgetNote();
+    // The fit's first partial's magnitude over the noise at it; -1 when the
+    // fit holds no first partial.
+    double fundamentalOverNoise() const;
     // How well B repeats after `lag` samples (normalised square difference).
     double repeatsAfter(double lag) const;
     // Classic spectrum magnitude per unit of B's magnitudes.
@@ -155,6 +158,10 @@ private:
     double heldFirst_ = 0.0;
     int heldReadings_ = 0;
     double heldVolume_ = 0.0;
+    // Of the held note's fundamental: in how many readings it stood clear of
+    // the noise, and whether it stood faint over it in the last.
+    int heldClearReadings_ = 0;
+    bool heldFaint_ = false;
 
     const SignalWindow* scaleWindow_ = nullptr;
     std::size_t scaleLength_ = 0;

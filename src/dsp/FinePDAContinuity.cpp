@@ -29,6 +29,15 @@ constexpr double kPluckRise = 2.0;
 // multiples) may hold at most this share of the decisive partials' power:
 // more, and the lower note is heard, not guessed.
 constexpr double kOddShare = 0.1;
+// An octave up, a held note whose fundamental stood clear of the noise (this
+// many times the noise at it) in a few of its readings and then sank to
+// under kFaintOverNoise times it keeps its octave even where the
+// fundamental no longer shows: the note fades into a room's noise, and its
+// weak fundamental goes first. A stray under a note read too low at its
+// attack (a body's thump) seldom stands clear for as long.
+constexpr double kClearOverNoise = 8.0;
+constexpr int kClearReadings = 3;
+constexpr double kFaintOverNoise = 6.0;
 
 double centsBetween(double a, double b) {
     return 1200.0 * std::log2(a / b);
@@ -43,17 +52,21 @@ double FinePDA::continueNote(double first) {
     const bool held = heldReadings_ >= kHeldReadings && !pluck;
     double kept = first;
     if (held && std::fabs(centsBetween(first, 2.0 * heldFirst_)) < kSameNoteCents) {
-        // Read an octave up: the held note's fundamental must still show.
-        // (Not merely be hidden by noise: a note held an octave too low from
+        // Read an octave up: the held note's fundamental must still show, or
+        // have faded into the noise after standing clear of it. (Not merely
+        // be one that noise could hide: a note held an octave too low from
         // its first readings would then stay there.)
         Partial partial;
-        if (partialNear(heldFirst_, heldFirst_, 1, partial, true) &&
-            partial.amplitude >= kHeldShare * fit_.strongestAmplitude()) {
+        const bool shows = partialNear(heldFirst_, heldFirst_, 1, partial, true) &&
+                           partial.amplitude >= kHeldShare * fit_.strongestAmplitude();
+        if (shows || (heldFaint_ && heldClearReadings_ >= kClearReadings)) {
             for (std::size_t i = 0; i < fit_.size(); ++i)
                 fit_.at(i).harmonic *= 2;
-            const double model = kFirstPartialSpread * partial.frequency;
-            partial.weight = 1.0 / (1.0 / partial.weight + model * model);
-            fit_.add(partial);
+            if (shows) {
+                const double model = kFirstPartialSpread * partial.frequency;
+                partial.weight = 1.0 / (1.0 / partial.weight + model * model);
+                fit_.add(partial);
+            }
             fit_.solve();
             kept = fit_.predict(1);
         }
@@ -73,24 +86,53 @@ double FinePDA::continueNote(double first) {
     // reading an octave away, whether kept or not, does not replace it,
     // another note or a new pluck does.
     const double fromHeld = heldFirst_ > 0.0 ? centsBetween(kept, heldFirst_) : 1e9;
+    const bool sameNote = std::fabs(fromHeld) < kSameNoteCents;
+    // A reading of the note without its fundamental leaves it as faint as
+    // it was.
+    const double over = fundamentalOverNoise();
+    bool faint = over >= 0.0 ? over < kFaintOverNoise : sameNote && heldFaint_;
+    const int clear = over >= kClearOverNoise ? 1 : 0;
     if (pluck) {
         heldReadings_ = 0;
         heldFirst_ = kept;
-    } else if (std::fabs(fromHeld) < kSameNoteCents) {
+        heldClearReadings_ = clear;
+    } else if (sameNote) {
         ++heldReadings_;
         heldFirst_ = kept;
-    } else if (!(heldReadings_ >= kHeldReadings &&
-                 std::fabs(std::fabs(fromHeld) - 1200.0) < kSameNoteCents)) {
+        heldClearReadings_ += clear;
+    } else if (heldReadings_ >= kHeldReadings &&
+               std::fabs(std::fabs(fromHeld) - 1200.0) < kSameNoteCents) {
+        // Its fundamental is another partial: the held one's is as it was.
+        faint = heldFaint_;
+    } else {
         heldReadings_ = 1;
         heldFirst_ = kept;
+        heldClearReadings_ = clear;
     }
+    heldFaint_ = faint;
     heldVolume_ = fundamentalVolume;
     return kept;
+}
+
+double FinePDA::fundamentalOverNoise() const {
+    for (std::size_t i = 0; i < fit_.size(); ++i) {
+        const Partial& p = fit_[i];
+        if (p.harmonic != 1)
+            continue;
+        const auto k = static_cast<std::size_t>(
+            std::lround(p.frequency * BlockViews::kTransform / sampleRate_));
+        if (k >= BlockViews::kBins)
+            return -1.0;
+        return p.amplitude / std::max<double>(views_.noise(k), search_.noise);
+    }
+    return -1.0;
 }
 
 void FinePDA::forgetNote() {
     heldReadings_ = 0;
     heldFirst_ = 0.0;
+    heldFaint_ = false;
+    heldClearReadings_ = 0;
 }
 
 }  // namespace zt

@@ -492,5 +492,37 @@ TEST_F(FinePDATest, ALoopsHalfNoteDoesNotPullAHeldNoteDown) {
         EXPECT_NEAR(cents(readings[i], 2.0 * half), 0.0, 1.0) << "reading " << i;
 }
 
+// A nylon string's E5 as sampled: its fundamental 18 dB under the octave and
+// steady there, the third partial 34 dB under, the whole note fading into
+// pink noise. Late in the note the noise hides the fundamental for good, and
+// block by block the note reads as its octave; the note read for a second
+// with its fundamental clear keeps its octave.
+TEST_F(FinePDATest, AFundamentalFadingIntoNoiseKeepsTheNotesOctave) {
+    const double hertz = 665.7;
+    const double gains[] = {0.125, 1.0, 0.02, 0.06, 0.05};
+    int octaveUp = 0, right = 0;
+    for (unsigned seed = 1; seed <= 4; ++seed) {
+        std::vector<double> signal(static_cast<std::size_t>(2.5 * 8000.0));
+        for (std::size_t n = 0; n < signal.size(); ++n) {
+            const double t = static_cast<double>(n) / 8000.0;
+            for (int h = 1; h <= 5; ++h) {
+                signal[n] += 0.5 * gains[h - 1] * std::exp(-t / 0.5) *
+                             std::sin(2.0 * std::numbers::pi * h * hertz * t + h);
+            }
+        }
+        std::mt19937 random(seed);
+        testing::addNoise(signal, 0, signal.size(), 10.0, random, true);
+        const auto samples = testing::toSamples(signal);
+        for (std::size_t end = 2000; end <= samples.size(); end += 400) {
+            fine.loadSamples({samples.data() + end - 2000, 2000}, 8000);
+            const double f = fine.getFundamentalFrequency();
+            octaveUp += f > 0.0 && std::fabs(cents(f, 2.0 * hertz)) < 50.0;
+            right += f > 0.0 && std::fabs(cents(f, hertz)) < 50.0;
+        }
+    }
+    EXPECT_EQ(octaveUp, 0);
+    EXPECT_GE(right, 90);
+}
+
 }  // namespace
 }  // namespace zt
