@@ -36,6 +36,9 @@ constexpr double kLobeShare = 0.05;
 // much in B: a weak fundamental sinking into the noise late in a note is
 // still there, and noise seldom stands out at the same bin in both views.
 constexpr double kFloorOverNoiseHeldInA = 2.0;
+// Where a held note puts its fundamental, a peak needs only this much: the
+// search looks at one place the note has already shown, not the whole block.
+constexpr double kFloorOverNoiseExpected = 3.0;
 // A partial whose view A holds less than this share of its magnitude in B
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
@@ -118,8 +121,8 @@ bool FinePDA::measurePartial(std::size_t k, double noise, Partial& partial) cons
     return true;
 }
 
-bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial,
-                          bool below) const {
+bool FinePDA::partialNear(double target, double spacing, int number, Partial& partial, bool below,
+                          bool expected) const {
     const double binHz = sampleRate_ / kTransform;
     const auto& magnitudes = views_.magnitudes();
     const double tolerance = std::max(2.0 * binHz, std::min(0.03 * target, 0.3 * spacing));
@@ -135,7 +138,10 @@ bool FinePDA::partialNear(double target, double spacing, int number, Partial& pa
     const double noise = std::max<double>(views_.noise(k), search_.noise);
     const bool heldInA =
         below && views_.steady() && std::abs(views_.hannA(k)) >= kFloorOverNoise * noise;
-    const double floor = (heldInA ? kFloorOverNoiseHeldInA : kFloorOverNoise) * noise;
+    double over = heldInA ? kFloorOverNoiseHeldInA : kFloorOverNoise;
+    if (expected)
+        over = std::min(over, kFloorOverNoiseExpected);
+    const double floor = over * noise;
     if (peak < std::max(floor, search_.floor) || peak < magnitudes[k - 1] ||
         peak < magnitudes[k + 1])
         return false;

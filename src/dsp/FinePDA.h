@@ -87,9 +87,10 @@ private:
     bool measurePartial(std::size_t k, double noise, Partial& partial) const;
     // The peak near `target`, measured as partial `number`, the multiples
     // searched lying `spacing` apart; false when no peak there passes for a
-    // partial. `below`: the peak is sought under the period's fundamental.
+    // partial. `below`: the peak is sought under the period's fundamental;
+    // `expected`: where the held note puts its fundamental.
     bool partialNear(double target, double spacing, int number, Partial& partial,
-                     bool below = false) const;
+                     bool below = false, bool expected = false) const;
     void findPartials(double coarse);
     // Whether every decisive partial stands on a multiple of `multiple` (of
     // the grid).
@@ -158,9 +159,9 @@ private:
     double heldFirst_ = 0.0;
     int heldReadings_ = 0;
     double heldVolume_ = 0.0;
-    // Of the held note's fundamental: in how many readings it stood clear of
-    // the noise, and whether it stood faint over it in the last.
-    int heldClearReadings_ = 0;
+    // Of the held note's fundamental: in how many of the note's readings it
+    // was found, and whether it stood faint over the noise in the last.
+    int heldFundamentalReadings_ = 0;
     bool heldFaint_ = false;
 
     const SignalWindow* scaleWindow_ = nullptr;

@@ -29,14 +29,14 @@ constexpr double kPluckRise = 2.0;
 // multiples) may hold at most this share of the decisive partials' power:
 // more, and the lower note is heard, not guessed.
 constexpr double kOddShare = 0.1;
-// An octave up, a held note whose fundamental stood clear of the noise (this
-// many times the noise at it) in a few of its readings and then sank to
-// under kFaintOverNoise times it keeps its octave even where the
-// fundamental no longer shows: the note fades into a room's noise, and its
-// weak fundamental goes first. A stray under a note read too low at its
-// attack (a body's thump) seldom stands clear for as long.
-constexpr double kClearOverNoise = 8.0;
-constexpr int kClearReadings = 3;
+// An octave up, a held note whose fundamental was found in this many of its
+// readings, and stood under kFaintOverNoise times the noise at it in the
+// last, keeps its octave even where the fundamental no longer shows: the
+// note fades into a room's noise, and its weak fundamental goes first. A
+// stray under a note read too low at its attack (a body's thump) is gone
+// sooner, and one that vanishes while it stands clear of the noise was no
+// fundamental fading.
+constexpr int kLastingReadings = 6;
 constexpr double kFaintOverNoise = 6.0;
 
 double centsBetween(double a, double b) {
@@ -51,15 +51,16 @@ double FinePDA::continueNote(double first) {
     const bool pluck = !views_.steady() || fundamentalVolume > kPluckRise * heldVolume_;
     const bool held = heldReadings_ >= kHeldReadings && !pluck;
     double kept = first;
-    if (held && std::fabs(centsBetween(first, 2.0 * heldFirst_)) < kSameNoteCents) {
+    if (held && heldFundamentalReadings_ > 0 &&
+        std::fabs(centsBetween(first, 2.0 * heldFirst_)) < kSameNoteCents) {
         // Read an octave up: the held note's fundamental must still show, or
-        // have faded into the noise after standing clear of it. (Not merely
-        // be one that noise could hide: a note held an octave too low from
-        // its first readings would then stay there.)
+        // have faded into the noise after lasting. (Not merely be one that
+        // noise could hide: a note held an octave too low from its first
+        // readings would then stay there.)
         Partial partial;
-        const bool shows = partialNear(heldFirst_, heldFirst_, 1, partial, true) &&
+        const bool shows = partialNear(heldFirst_, heldFirst_, 1, partial, true, true) &&
                            partial.amplitude >= kHeldShare * fit_.strongestAmplitude();
-        if (shows || (heldFaint_ && heldClearReadings_ >= kClearReadings)) {
+        if (shows || (heldFaint_ && heldFundamentalReadings_ >= kLastingReadings)) {
             for (std::size_t i = 0; i < fit_.size(); ++i)
                 fit_.at(i).harmonic *= 2;
             if (shows) {
@@ -84,30 +85,33 @@ double FinePDA::continueNote(double first) {
     }
     // The note is the one its first steady readings after a pluck found: a
     // reading an octave away, whether kept or not, does not replace it,
-    // another note or a new pluck does.
+    // another note or a new pluck does; and so does a reading an octave up
+    // where no reading of the note has found its fundamental (read from the
+    // period alone, a note may be read an octave low at its attack).
     const double fromHeld = heldFirst_ > 0.0 ? centsBetween(kept, heldFirst_) : 1e9;
     const bool sameNote = std::fabs(fromHeld) < kSameNoteCents;
     // A reading of the note without its fundamental leaves it as faint as
     // it was.
     const double over = fundamentalOverNoise();
     bool faint = over >= 0.0 ? over < kFaintOverNoise : sameNote && heldFaint_;
-    const int clear = over >= kClearOverNoise ? 1 : 0;
+    const int found = over >= 0.0 ? 1 : 0;
     if (pluck) {
         heldReadings_ = 0;
         heldFirst_ = kept;
-        heldClearReadings_ = clear;
+        heldFundamentalReadings_ = found;
     } else if (sameNote) {
         ++heldReadings_;
         heldFirst_ = kept;
-        heldClearReadings_ += clear;
+        heldFundamentalReadings_ += found;
     } else if (heldReadings_ >= kHeldReadings &&
-               std::fabs(std::fabs(fromHeld) - 1200.0) < kSameNoteCents) {
+               std::fabs(std::fabs(fromHeld) - 1200.0) < kSameNoteCents &&
+               (fromHeld < 0.0 || heldFundamentalReadings_ > 0)) {
         // Its fundamental is another partial: the held one's is as it was.
         faint = heldFaint_;
     } else {
         heldReadings_ = 1;
         heldFirst_ = kept;
-        heldClearReadings_ = clear;
+        heldFundamentalReadings_ = found;
     }
     heldFaint_ = faint;
     heldVolume_ = fundamentalVolume;
@@ -131,8 +135,8 @@ double FinePDA::fundamentalOverNoise() const {
 void FinePDA::forgetNote() {
     heldReadings_ = 0;
     heldFirst_ = 0.0;
+    heldFundamentalReadings_ = 0;
     heldFaint_ = false;
-    heldClearReadings_ = 0;
 }
 
 }  // namespace zt
