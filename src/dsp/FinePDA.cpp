@@ -47,6 +47,10 @@ constexpr double kSteadyRatio = 0.5;
 constexpr double kModelSpread = 5.8e-4;
 // Partials further than this from the fit are dropped and the fit redone.
 constexpr double kOutlierCents = 15.0;
+// A period that gives no note is tried divided by up to this many, where the
+// block repeats within this much as well after the shorter one.
+constexpr int kPeriodFractions = 8;
+constexpr double kFractionTolerance = 0.03;
 
 double wrapPhase(double phase) {
     return phase - 2.0 * kPi * std::floor((phase + kPi) / (2.0 * kPi));
@@ -262,6 +266,23 @@ void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t s
     double coarse = 0.0;
     if (readable && fundamentalVolume >= kGateRatio * treshold && findPeriod(coarse)) {
         findPartials(coarse);
+        // The square difference is read at whole lags only. Where a high
+        // partial rules the waveform, the lags nearest the true period miss
+        // it by a good part of that partial's cycle, and the first lag to
+        // repeat well is several periods long: its multiples searched hold
+        // none of the note's partials. When that long period gives no note,
+        // the shortest whole fraction of it after which the block repeats as
+        // well (read at the exact lag) is tried instead.
+        const double lag = periodLag_;
+        const double longest = repeatsAfter(lag);
+        for (int k = 2; fit_.size() == 0 && k <= kPeriodFractions; ++k) {
+            if (sampleRate_ * k / lag > kHighest)
+                break;
+            if (repeatsAfter(lag / k) < longest - kFractionTolerance)
+                continue;
+            periodLag_ = lag / k;
+            findPartials(coarse * k);
+        }
         // Outside the range searched a fit has gone astray.
         const double first = fit_.size() > 0 ? fit_.predict(1) : 0.0;
         if (first >= kLowest && first <= kHighest)

@@ -494,6 +494,21 @@ TEST_F(FinePDATest, ALoopsHalfNoteDoesNotPullAHeldNoteDown) {
         EXPECT_NEAR(cents(readings[i], 2.0 * half), 0.0, 1.0) << "reading " << i;
 }
 
+// A distortion guitar's D#5 (635 Hz) as sampled: its fifth partial 12 dB over
+// the fourth and 27 dB over the fundamental. Its waveform repeats every 12.6
+// samples, but at the whole lags nearest that the fifth partial is a good
+// part of its cycle off, and the first whole lag to repeat well is five
+// periods long; the note is still read, and not a fifth of it.
+TEST_F(FinePDATest, AHighPartialRulingTheWaveformStillGivesTheNote) {
+    const double hertz = 635.1;
+    const auto readings = readAlong(fine, hertz, 6, 1.0, [](int h, double) {
+        const double gains[] = {0.043, 0.025, 0.1, 0.24, 1.0, 0.38};
+        return 6000.0 * gains[h - 1];
+    });
+    for (std::size_t i = 3; i < readings.size(); ++i)
+        EXPECT_NEAR(cents(readings[i], hertz), 0.0, 1.0) << "reading " << i;
+}
+
 // Reads a note of steady partials (`gains`, the first partial's first) at
 // `level`, fading with time constant `decay` s, in pink noise 10 dB under its
 // mean power, along 2.5 s for each of `seeds` noises: how many readings fell
