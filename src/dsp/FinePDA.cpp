@@ -42,9 +42,6 @@ constexpr double kFloorOverNoiseExpected = 3.0;
 // A partial whose view A holds less than this share of its magnitude in B
 // has just begun: its phase advance is not yet to be trusted.
 constexpr double kSteadyRatio = 0.5;
-// How far partials above the first stray from the stiff-string law, as a
-// share of their frequency (a cent).
-constexpr double kModelSpread = 5.8e-4;
 // Partials further than this from the fit are dropped and the fit redone.
 constexpr double kOutlierCents = 15.0;
 // A period that gives no note is tried divided by up to this many, where the

@@ -35,8 +35,9 @@
 //   5. Memory (FinePDAContinuity.cpp): once a note has read the same for a
 //      few steady readings, a block read an octave away from it keeps the
 //      note's octave where its partials allow both (a fundamental fading
-//      under the octave or into the noise, a loop's weak component at half
-//      the note), until a new pluck or a block without pitch.
+//      under the octave or into the noise, odd partials the octave cannot
+//      explain, a loop's weak component at half the note), until a new
+//      pluck or a block without pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //
@@ -80,6 +81,9 @@ private:
     // cent within a reading. Without this, a reading follows the wander of a
     // strong fundamental however well the partials above agree.
     static constexpr double kFirstPartialSpread = 1.7e-4;
+    // How far partials above the first stray from the law, as a share of
+    // their frequency (a cent).
+    static constexpr double kModelSpread = 5.8e-4;
 
     bool findPeriod(double& coarse);
     // The peak's frequency and weight into `partial`; false when the peak
@@ -128,6 +132,8 @@ private:
     // The first partial read, `first`, or the held note's octave of it
     // (FinePDAContinuity.cpp); remembers the reading.
     double continueNote(double first);
+    // Adds a partial found beside the fit's own, weighed as they are.
+    void addToFit(Partial partial);
     void forgetNote();
     // The fit's first partial's magnitude over the noise at it; -1 when the
     // fit holds no first partial.

@@ -8,6 +8,7 @@
 // whose older view does not hold the note yet) forgets it, and so does a
 // block without pitch.
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "dsp/FinePDA.h"
@@ -38,6 +39,10 @@ constexpr double kOddShare = 0.1;
 // fundamental fading.
 constexpr int kLastingReadings = 6;
 constexpr double kFaintOverNoise = 6.0;
+// An octave up, an odd partial of the held note (third, fifth or seventh)
+// standing at this share of the strongest partial at least keeps the note:
+// the octave has no partial there.
+constexpr double kOddHeard = 0.1;
 
 double centsBetween(double a, double b) {
     return 1200.0 * std::log2(a / b);
@@ -51,23 +56,30 @@ double FinePDA::continueNote(double first) {
     const bool pluck = !views_.steady() || fundamentalVolume > kPluckRise * heldVolume_;
     const bool held = heldReadings_ >= kHeldReadings && !pluck;
     double kept = first;
-    if (held && heldFundamentalReadings_ > 0 &&
-        std::fabs(centsBetween(first, 2.0 * heldFirst_)) < kSameNoteCents) {
+    if (held && std::fabs(centsBetween(first, 2.0 * heldFirst_)) < kSameNoteCents) {
         // Read an octave up: the held note's fundamental must still show, or
-        // have faded into the noise after lasting. (Not merely be one that
-        // noise could hide: a note held an octave too low from its first
-        // readings would then stay there.)
+        // have faded into the noise after lasting, or its odd partials must
+        // sound. (Not merely a fundamental that noise could hide: a note held
+        // an octave too low from its first readings would then stay there.)
+        const double strongest = fit_.strongestAmplitude();
         Partial partial;
-        const bool shows = partialNear(heldFirst_, heldFirst_, 1, partial, true, true) &&
-                           partial.amplitude >= kHeldShare * fit_.strongestAmplitude();
-        if (shows || (heldFaint_ && heldFundamentalReadings_ >= kLastingReadings)) {
+        const bool shows = heldFundamentalReadings_ > 0 &&
+                           partialNear(heldFirst_, heldFirst_, 1, partial, true, true) &&
+                           partial.amplitude >= kHeldShare * strongest;
+        std::array<Partial, 3> odd;
+        std::size_t oddCount = 0;
+        for (int h = 3; h <= 7; h += 2) {
+            if (partialNear(h * heldFirst_, heldFirst_, h, odd[oddCount]) &&
+                odd[oddCount].amplitude >= kOddHeard * strongest)
+                ++oddCount;
+        }
+        if (shows || oddCount > 0 || (heldFaint_ && heldFundamentalReadings_ >= kLastingReadings)) {
             for (std::size_t i = 0; i < fit_.size(); ++i)
                 fit_.at(i).harmonic *= 2;
-            if (shows) {
-                const double model = kFirstPartialSpread * partial.frequency;
-                partial.weight = 1.0 / (1.0 / partial.weight + model * model);
-                fit_.add(partial);
-            }
+            if (shows)
+                addToFit(partial);
+            for (std::size_t i = 0; i < oddCount; ++i)
+                addToFit(odd[i]);
             fit_.solve();
             kept = fit_.predict(1);
         }
@@ -116,6 +128,13 @@ double FinePDA::continueNote(double first) {
     heldFaint_ = faint;
     heldVolume_ = fundamentalVolume;
     return kept;
+}
+
+void FinePDA::addToFit(Partial partial) {
+    const double model =
+        (partial.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * partial.frequency;
+    partial.weight = 1.0 / (1.0 / partial.weight + model * model);
+    fit_.add(partial);
 }
 
 double FinePDA::fundamentalOverNoise() const {
