@@ -286,7 +286,7 @@ void FinePDA::loadSamples(std::span<const std::int16_t> samples, std::uint32_t s
             fundamentalFrequency = continueNote(first);
     }
     if (fundamentalFrequency == NO_FREQUENCY)
-        forgetNote();
+        missNote();
     updateVolumeLevel();
 }
 

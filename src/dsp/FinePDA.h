@@ -37,7 +37,7 @@
 //      note's octave where its partials allow both (a fundamental fading
 //      under the octave or into the noise, odd partials the octave cannot
 //      explain, a loop's weak component at half the note), until a new
-//      pluck or a block without pitch.
+//      pluck or a tenth of a second without pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //
@@ -135,6 +135,8 @@ private:
     // Adds a partial found beside the fit's own, weighed as they are.
     void addToFit(Partial partial);
     void forgetNote();
+    // A block without pitch: the note is forgotten after a few in a row.
+    void missNote();
     // The fit's first partial's magnitude over the noise at it; -1 when the
     // fit holds no first partial.
     double fundamentalOverNoise() const;
@@ -169,6 +171,8 @@ private:
     // was found, and whether it stood faint over the noise in the last.
     int heldFundamentalReadings_ = 0;
     bool heldFaint_ = false;
+    // Blocks without pitch in a row.
+    int missedBlocks_ = 0;
 
     const SignalWindow* scaleWindow_ = nullptr;
     std::size_t scaleLength_ = 0;

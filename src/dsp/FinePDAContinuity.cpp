@@ -6,7 +6,7 @@
 // while, a block that reads it an octave away keeps the note's octave when
 // its partials allow that too. A fresh pluck (a rise in level, or a block
 // whose older view does not hold the note yet) forgets it, and so does a
-// block without pitch.
+// tenth of a second without pitch.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -26,6 +26,10 @@ constexpr double kSameNoteCents = 50.0;
 constexpr double kHeldShare = 0.03;
 // A level this many times the held note's is a new pluck.
 constexpr double kPluckRise = 2.0;
+// Blocks without pitch in a row that forget the note: a tenth of a second
+// of them. A single one is often a level dip at a sample's loop, or at the
+// gate, after which the note resumes; a new pluck is told by its own rise.
+constexpr int kMissedBlocks = 3;
 // Below the held note, its octave's odd partials (off the held note's
 // multiples) may hold at most this share of the decisive partials' power:
 // more, and the lower note is heard, not guessed.
@@ -127,6 +131,7 @@ double FinePDA::continueNote(double first) {
     }
     heldFaint_ = faint;
     heldVolume_ = fundamentalVolume;
+    missedBlocks_ = 0;
     return kept;
 }
 
@@ -149,6 +154,11 @@ double FinePDA::fundamentalOverNoise() const {
         return p.amplitude / std::max<double>(views_.noise(k), search_.noise);
     }
     return -1.0;
+}
+
+void FinePDA::missNote() {
+    if (++missedBlocks_ >= kMissedBlocks)
+        forgetNote();
 }
 
 void FinePDA::forgetNote() {

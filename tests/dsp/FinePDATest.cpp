@@ -494,6 +494,34 @@ TEST_F(FinePDATest, ALoopsHalfNoteDoesNotPullAHeldNoteDown) {
         EXPECT_NEAR(cents(readings[i], 2.0 * half), 0.0, 1.0) << "reading " << i;
 }
 
+// The same note with a block that gives no pitch once its loop has begun (a
+// dulcimer's C6 dips at its loop): a block or two without pitch do not make
+// the detector forget the note it was reading, and the loop's half does not
+// take over.
+TEST_F(FinePDATest, ABlockWithoutPitchDoesNotForgetTheNote) {
+    const double half = 412.2;
+    std::vector<std::int16_t> samples(12000);
+    for (std::size_t n = 0; n < samples.size(); ++n) {
+        const double t = n / 8000.0;
+        const double loop = std::clamp((t - 0.6) / 0.1, 0.0, 1.0);
+        const double s = 10000.0 * std::sin(4.0 * std::numbers::pi * half * t + 2.0) +
+                         250.0 * std::sin(8.0 * std::numbers::pi * half * t + 4.0) +
+                         loop * (800.0 * std::sin(2.0 * std::numbers::pi * half * t + 1.0) +
+                                 80.0 * std::sin(6.0 * std::numbers::pi * half * t + 3.0));
+        samples[n] = static_cast<std::int16_t>(std::lround(s));
+    }
+    const std::vector<std::int16_t> silence(2000, 0);
+    int down = 0;
+    for (std::size_t end = 2000; end <= samples.size(); end += 400) {
+        if (end == 6000)
+            fine.loadSamples(silence, 8000);
+        fine.loadSamples({samples.data() + end - 2000, 2000}, 8000);
+        const double f = fine.getFundamentalFrequency();
+        down += end >= 6000 && f > 0.0 && std::fabs(cents(f, half)) < 50.0;
+    }
+    EXPECT_EQ(down, 0);
+}
+
 // A distortion guitar's D#5 (635 Hz) as sampled: its fifth partial 12 dB over
 // the fourth and 27 dB over the fundamental. Its waveform repeats every 12.6
 // samples, but at the whole lags nearest that the fifth partial is a good
