@@ -234,11 +234,8 @@ void FinePDA::findPartials(double coarse) {
     // that only the renumbering would make sound in its first partials.
     if (strongestDropped > 0.0 && strongestDropped < fit_.strongestAmplitude() && soundsLow())
         climbHarmonicNumbers(periodLag_ * kGridDivisions / divisor);
-    for (std::size_t i = 0; i < fit_.size(); ++i) {
-        Partial& p = fit_.at(i);
-        const double model = (p.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * p.frequency;
-        p.weight = 1.0 / (1.0 / p.weight + model * model);
-    }
+    for (std::size_t i = 0; i < fit_.size(); ++i)
+        addModelSpread(fit_.at(i));
     fit_.solve();
     // A series whose partials all stand high up it is no note: it is what
     // stray components (a render's aliases, say) leave when they happen to

@@ -85,6 +85,12 @@ private:
     // their frequency (a cent).
     static constexpr double kModelSpread = 5.8e-4;
 
+    // Widens a partial's measured spread by how far it may stray from the law.
+    static void addModelSpread(Partial& p) {
+        const double model = (p.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * p.frequency;
+        p.weight = 1.0 / (1.0 / p.weight + model * model);
+    }
+
     bool findPeriod(double& coarse);
     // The peak's frequency and weight into `partial`; false when the peak
     // has no usable shape.

@@ -136,9 +136,7 @@ double FinePDA::continueNote(double first) {
 }
 
 void FinePDA::addToFit(Partial partial) {
-    const double model =
-        (partial.harmonic > 1 ? kModelSpread : kFirstPartialSpread) * partial.frequency;
-    partial.weight = 1.0 / (1.0 / partial.weight + model * model);
+    addModelSpread(partial);
     fit_.add(partial);
 }
 
