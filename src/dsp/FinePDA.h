@@ -33,11 +33,11 @@
 //      partials: a series none of whose first four comes within 30 dB of its
 //      strongest (only components far up it) gives no pitch.
 //   5. Memory (FinePDAContinuity.cpp): once a note has read the same for a
-//      few steady readings, a block read an octave away from it keeps the
-//      note's octave where its partials allow both (a fundamental fading
-//      under the octave or into the noise, odd partials the octave cannot
-//      explain, a loop's weak component at half the note), until a new
-//      pluck or a tenth of a second without pitch.
+//      few steady readings, a block read an octave up or at a whole fraction
+//      of it keeps the note where its partials allow both (a fundamental
+//      fading under the octave or into the noise, odd partials the octave
+//      cannot explain, a loop's weak components at a half or a quarter of
+//      the note), until a new pluck or a tenth of a second without pitch.
 // No pitch when the strongest partial is under the gate, the block is not
 // periodic enough, or a note has sounded for less than 58 ms.
 //

@@ -1,10 +1,11 @@
 // The fine detector's memory of the note it is reading. A string does not
 // leap an octave while it rings, but the evidence for its octave can fade:
 // a fundamental far under its octave sinks into a room's noise late in the
-// note, and a sample's loop may add a weak component at half the note. Such
-// blocks read alike an octave apart, so once a note has read the same for a
-// while, a block that reads it an octave away keeps the note's octave when
-// its partials allow that too. A fresh pluck (a rise in level, or a block
+// note, and a sample's loop may add weak components at a half (a third, a
+// quarter...) of the note. Such blocks read alike an octave apart, or at the
+// loop's length, so once a note has read the same for a while, a block that
+// reads it an octave up or at a whole fraction of it keeps the note when its
+// partials allow that too. A fresh pluck (a rise in level, or a block
 // whose older view does not hold the note yet) forgets it, and so does a
 // tenth of a second without pitch.
 #include <algorithm>
@@ -30,9 +31,9 @@ constexpr double kPluckRise = 2.0;
 // of them. A single one is often a level dip at a sample's loop, or at the
 // gate, after which the note resumes; a new pluck is told by its own rise.
 constexpr int kMissedBlocks = 3;
-// Below the held note, its octave's odd partials (off the held note's
-// multiples) may hold at most this share of the decisive partials' power:
-// more, and the lower note is heard, not guessed.
+// Read at a whole fraction of the held note, the partials off the held
+// note's multiples may hold at most this share of the decisive partials'
+// power: more, and the lower note is heard, not guessed.
 constexpr double kOddShare = 0.1;
 // An octave up, a held note whose fundamental was found in this many of its
 // readings, and stood under kFaintOverNoise times the noise at it in the
@@ -50,6 +51,16 @@ constexpr double kOddHeard = 0.1;
 
 double centsBetween(double a, double b) {
     return 1200.0 * std::log2(a / b);
+}
+
+// The whole number k (2 to 8) for which `reading` is `note` / k, or 0: a
+// sample's loop may last several periods of the note.
+int wholeFractionOf(double reading, double note) {
+    for (int k = 2; k <= 8; ++k) {
+        if (std::fabs(centsBetween(k * reading, note)) < kSameNoteCents)
+            return k;
+    }
+    return 0;
 }
 
 }  // namespace
@@ -87,11 +98,12 @@ double FinePDA::continueNote(double first) {
             fit_.solve();
             kept = fit_.predict(1);
         }
-    } else if (held && std::fabs(centsBetween(first, 0.5 * heldFirst_)) < kSameNoteCents) {
-        // Read an octave down: only on the strength of weak odd partials.
-        if (decisiveShareOff(2) < kOddShare) {
+    } else if (const int below = held ? wholeFractionOf(first, heldFirst_) : 0; below > 1) {
+        // Read at a half (a quarter...) of the note: only on the strength of
+        // weak partials off the note's multiples.
+        if (decisiveShareOff(below) < kOddShare) {
             const HarmonicFit before = fit_;
-            fit_.regroup(2);
+            fit_.regroup(below);
             if (fit_.solve() && soundsLow()) {
                 kept = fit_.predict(1);
             } else {
@@ -100,10 +112,11 @@ double FinePDA::continueNote(double first) {
         }
     }
     // The note is the one its first steady readings after a pluck found: a
-    // reading an octave away, whether kept or not, does not replace it,
-    // another note or a new pluck does; and so does a reading an octave up
-    // where no reading of the note has found its fundamental (read from the
-    // period alone, a note may be read an octave low at its attack).
+    // reading an octave up or at a whole fraction of it, whether kept or not,
+    // does not replace it, another note or a new pluck does; and so does a
+    // reading an octave up where no reading of the note has found its
+    // fundamental (read from the period alone, a note may be read an octave
+    // low at its attack).
     const double fromHeld = heldFirst_ > 0.0 ? centsBetween(kept, heldFirst_) : 1e9;
     const bool sameNote = std::fabs(fromHeld) < kSameNoteCents;
     // A reading of the note without its fundamental leaves it as faint as
@@ -120,8 +133,8 @@ double FinePDA::continueNote(double first) {
         heldFirst_ = kept;
         heldFundamentalReadings_ += found;
     } else if (heldReadings_ >= kHeldReadings &&
-               std::fabs(std::fabs(fromHeld) - 1200.0) < kSameNoteCents &&
-               (fromHeld < 0.0 || heldFundamentalReadings_ > 0)) {
+               (wholeFractionOf(kept, heldFirst_) > 1 ||
+                (std::fabs(fromHeld - 1200.0) < kSameNoteCents && heldFundamentalReadings_ > 0))) {
         // Its fundamental is another partial: the held one's is as it was.
         faint = heldFaint_;
     } else {
