@@ -53,10 +53,13 @@ double centsBetween(double a, double b) {
     return 1200.0 * std::log2(a / b);
 }
 
-// The whole number k (2 to 8) for which `reading` is `note` / k, or 0: a
-// sample's loop may last several periods of the note.
+// A sample's loop may last several periods of the note, up to this many.
+constexpr int kLoopPeriods = 8;
+
+// The whole number k (2 to kLoopPeriods) for which `reading` is `note` / k,
+// or 0.
 int wholeFractionOf(double reading, double note) {
-    for (int k = 2; k <= 8; ++k) {
+    for (int k = 2; k <= kLoopPeriods; ++k) {
         if (std::fabs(centsBetween(k * reading, note)) < kSameNoteCents)
             return k;
     }
